@@ -1,0 +1,78 @@
+#include "File.h"
+
+#include "Failure.h"
+#include "Paths.h"
+#include "Platform.h"
+
+#include <cerrno>
+#include <utility>
+
+namespace morvane {
+
+File::File(int descriptor, std::string path) : Descriptor(descriptor), Path(std::move(path)) {
+    if (Descriptor < 0) throw FileSystemFailure(errno, Path);
+}
+
+File::File(File&& other) noexcept : Descriptor(std::exchange(other.Descriptor, -1)), Path(std::move(other.Path)) {}
+
+File::~File() {
+    if (Descriptor >= 0) platform::Close(Descriptor);
+}
+
+std::optional<File> File::OpenForReading(const std::string& path) {
+    if (!NormalFileExists(path)) return std::nullopt;
+    File file(platform::Open(path, platform::Access::Read), path);
+    if (!platform::IsRegular(file.Descriptor)) return std::nullopt; // swapped since the look
+    return file;
+}
+
+std::size_t File::ReadAt(std::int64_t position, Bytes bytes) const {
+    std::size_t done = 0;
+    while (done < bytes.size()) {
+        const std::int64_t count = platform::ReadAt(Descriptor, position + static_cast<std::int64_t>(done),
+                                                    bytes.data() + done, bytes.size() - done);
+        if (count < 0) throw FileSystemFailure(errno, Path);
+        if (count == 0) break;
+        done += static_cast<std::size_t>(count);
+    }
+    return done;
+}
+
+void File::Write(ConstBytes bytes) {
+    if (!platform::IsRegular(Descriptor)) throw FileSystemFailure(EINVAL, Path);
+    std::size_t done = 0;
+    while (done < bytes.size()) {
+        const std::int64_t count = platform::WriteAt(Descriptor, static_cast<std::int64_t>(done),
+                                                     bytes.data() + done, bytes.size() - done);
+        if (count <= 0) throw FileSystemFailure(count < 0 ? errno : EIO, Path);
+        done += static_cast<std::size_t>(count);
+    }
+}
+
+void File::Close() {
+    if (platform::Close(std::exchange(Descriptor, -1)) < 0) throw FileSystemFailure(errno, Path);
+}
+
+void WriteFile(const std::string& path, ConstBytes bytes) {
+    File file(platform::Open(path, platform::Access::Create), path);
+    file.Write(bytes);
+    file.Close();
+}
+
+void ReplaceContent(const std::string& path, ConstBytes bytes) {
+    File file(platform::Open(path, platform::Access::Overwrite), path);
+    file.Write(bytes);
+    if (platform::Truncate(file.Descriptor, static_cast<std::int64_t>(bytes.size())) < 0)
+        throw FileSystemFailure(errno, path);
+    file.Close();
+}
+
+bool DeleteFileIfAny(const std::string& path) {
+    if (!AnyFileExists(path)) return false;
+    if (platform::Delete(path) < 0 && errno != ENOENT) throw FileSystemFailure(errno, path);
+    return true;
+}
+
+bool AnyFileExists(const std::string& path) { return platform::IsOtherThanFolder(path); }
+
+} // namespace morvane

@@ -1,0 +1,41 @@
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <string>
+
+/// The few calls in which platforms differ; for File.cpp and Paths.cpp alone. A negative result is a failure whose
+/// number is then in errno.
+namespace morvane::platform {
+
+/// How a file is opened. None of the ways blocks, whatever the path names.
+enum class Access {
+    Read,     ///< must exist
+    Create,   ///< made when missing, cut to nothing when not
+    Overwrite ///< made when missing, otherwise written over from its start
+};
+
+/// Opens a file; its descriptor, which child processes do not inherit.
+int Open(const std::string& path, Access access);
+
+/// True when the descriptor is of a regular file.
+bool IsRegular(int descriptor);
+
+/// One read or write at a byte position; how many bytes were moved, 0 at the end of the file.
+std::int64_t ReadAt(int descriptor, std::int64_t position, void* bytes, std::size_t count);
+std::int64_t WriteAt(int descriptor, std::int64_t position, const void* bytes, std::size_t count);
+
+/// Cuts the file to a length in bytes.
+int Truncate(int descriptor, std::int64_t length);
+int Close(int descriptor);
+int Delete(const std::string& path);
+
+/// True for an existing regular file that is not hidden.
+bool IsNormalFile(const std::string& path);
+/// True for anything of that name which is not a folder, a link that leads nowhere included.
+bool IsOtherThanFolder(const std::string& path);
+
+/// Full path of the running program file, or an empty text.
+std::string ProgramPath();
+
+} // namespace morvane::platform

@@ -1,0 +1,84 @@
+#include "Platform.h"
+
+#include <cerrno>
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+namespace morvane::platform {
+
+namespace {
+
+template <typename Call> auto Continued(Call call) {
+    auto result = call();
+    while (result < 0 && errno == EINTR) result = call();
+    return result;
+}
+
+bool HasHiddenName(const std::string& path) {
+    const std::size_t name = path.rfind('/') + 1; // 0 when there is no separator
+    return name < path.size() && path[name] == '.';
+}
+
+} // namespace
+
+int Open(const std::string& path, Access access) {
+    // O_NONBLOCK keeps a pipe or device of that name from stopping the program; regular files do not heed it.
+    int flags = O_CLOEXEC | O_NONBLOCK;
+    switch (access) {
+    case Access::Read: flags |= O_RDONLY; break;
+    case Access::Create: flags |= O_WRONLY | O_CREAT | O_TRUNC; break;
+    case Access::Overwrite: flags |= O_WRONLY | O_CREAT; break;
+    }
+    return Continued([&] { return open(path.c_str(), flags, 0666); });
+}
+
+bool IsRegular(int descriptor) {
+    struct stat status {};
+    return fstat(descriptor, &status) == 0 && S_ISREG(status.st_mode);
+}
+
+std::int64_t ReadAt(int descriptor, std::int64_t position, void* bytes, std::size_t count) {
+    return Continued([&] { return pread(descriptor, bytes, count, position); });
+}
+
+std::int64_t WriteAt(int descriptor, std::int64_t position, const void* bytes, std::size_t count) {
+    return Continued([&] { return pwrite(descriptor, bytes, count, position); });
+}
+
+int Truncate(int descriptor, std::int64_t length) {
+    return Continued([&] { return ftruncate(descriptor, length); });
+}
+
+int Close(int descriptor) {
+    // An interrupted close has closed the descriptor all the same.
+    const int result = close(descriptor);
+    return result < 0 && errno == EINTR ? 0 : result;
+}
+
+int Delete(const std::string& path) { return unlink(path.c_str()); }
+
+bool IsNormalFile(const std::string& path) {
+    struct stat status {};
+    return !HasHiddenName(path) && stat(path.c_str(), &status) == 0 && S_ISREG(status.st_mode);
+}
+
+bool IsOtherThanFolder(const std::string& path) {
+    struct stat status {};
+    return lstat(path.c_str(), &status) == 0 && !S_ISDIR(status.st_mode);
+}
+
+std::string ProgramPath() {
+    std::string path(256, '\0');
+    for (;;) {
+        const ssize_t length = readlink("/proc/self/exe", path.data(), path.size());
+        if (length < 0) return {};
+        if (static_cast<std::size_t>(length) < path.size()) {
+            path.resize(static_cast<std::size_t>(length));
+            return path;
+        }
+        path.resize(2 * path.size());
+    }
+}
+
+} // namespace morvane::platform

@@ -1,0 +1,58 @@
+#include "Platform.h"
+
+#include <fcntl.h>
+#include <io.h>
+#include <sys/stat.h>
+#include <windows.h>
+
+namespace morvane::platform {
+
+int Open(const std::string& path, Access access) {
+    int flags = _O_BINARY | _O_NOINHERIT;
+    switch (access) {
+    case Access::Read: flags |= _O_RDONLY; break;
+    case Access::Create: flags |= _O_WRONLY | _O_CREAT | _O_TRUNC; break;
+    case Access::Overwrite: flags |= _O_WRONLY | _O_CREAT; break;
+    }
+    return _open(path.c_str(), flags, _S_IREAD | _S_IWRITE);
+}
+
+bool IsRegular(int descriptor) {
+    return GetFileType(reinterpret_cast<HANDLE>(_get_osfhandle(descriptor))) == FILE_TYPE_DISK;
+}
+
+std::int64_t ReadAt(int descriptor, std::int64_t position, void* bytes, std::size_t count) {
+    if (_lseeki64(descriptor, position, SEEK_SET) < 0) return -1;
+    return _read(descriptor, bytes, static_cast<unsigned>(count));
+}
+
+std::int64_t WriteAt(int descriptor, std::int64_t position, const void* bytes, std::size_t count) {
+    if (_lseeki64(descriptor, position, SEEK_SET) < 0) return -1;
+    return _write(descriptor, bytes, static_cast<unsigned>(count));
+}
+
+int Truncate(int descriptor, std::int64_t length) { return _chsize_s(descriptor, length) == 0 ? 0 : -1; }
+
+int Close(int descriptor) { return _close(descriptor); }
+
+int Delete(const std::string& path) { return _unlink(path.c_str()); }
+
+bool IsNormalFile(const std::string& path) {
+    const DWORD attributes = GetFileAttributesA(path.c_str());
+    const DWORD refused =
+        FILE_ATTRIBUTE_DIRECTORY | FILE_ATTRIBUTE_HIDDEN | FILE_ATTRIBUTE_SYSTEM | FILE_ATTRIBUTE_DEVICE;
+    return attributes != INVALID_FILE_ATTRIBUTES && (attributes & refused) == 0;
+}
+
+bool IsOtherThanFolder(const std::string& path) {
+    const DWORD attributes = GetFileAttributesA(path.c_str());
+    return attributes != INVALID_FILE_ATTRIBUTES && (attributes & FILE_ATTRIBUTE_DIRECTORY) == 0;
+}
+
+std::string ProgramPath() {
+    std::string path(32768, '\0');
+    path.resize(GetModuleFileNameA(nullptr, path.data(), static_cast<DWORD>(path.size())));
+    return path;
+}
+
+} // namespace morvane::platform
