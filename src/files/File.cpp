@@ -13,16 +13,24 @@ File::File(int descriptor, std::string path) : Descriptor(descriptor), Path(std:
     if (Descriptor < 0) throw FileSystemFailure(errno, Path);
 }
 
-File::File(File&& other) noexcept : Descriptor(std::exchange(other.Descriptor, -1)), Path(std::move(other.Path)) {}
+File::File(File&& other) noexcept
+    : Descriptor(std::exchange(other.Descriptor, -1)), Path(std::move(other.Path)) {}
 
 File::~File() {
     if (Descriptor >= 0) platform::Close(Descriptor);
 }
 
 std::optional<File> File::OpenForReading(const std::string& path) {
-    if (!NormalFileExists(path)) return std::nullopt;
-    File file(platform::Open(path, platform::Access::Read), path);
-    if (!platform::IsRegular(file.Descriptor)) return std::nullopt; // swapped since the look
+    // The usual case, a file that is there, costs no look beforehand.
+    if (platform::IsHidden(path)) return std::nullopt;
+    const int descriptor = platform::Open(path, platform::Access::Read);
+    if (descriptor < 0) {
+        const int number = errno;
+        if (!NormalFileExists(path)) return std::nullopt;
+        throw FileSystemFailure(number, path);
+    }
+    std::optional<File> file(File(descriptor, path));
+    if (!platform::IsRegular(descriptor)) file.reset();
     return file;
 }
 

@@ -25,6 +25,8 @@ Program RunningProgram() {
     return program;
 }
 
+void SurviveFileSizeLimits() { platform::IgnoreFileSizeSignal(); }
+
 std::string JoinPath(std::string_view folder, std::string_view name) {
     std::string path(folder);
     path += PathSeparator;
@@ -49,8 +51,8 @@ std::string FindInAnyCase(const std::string& path) {
     std::filesystem::directory_iterator entry(folder.empty() ? "." : folder, error);
     for (; !error && entry != std::filesystem::directory_iterator(); entry.increment(error)) {
         const std::string candidate = folder + entry->path().filename().string();
-        if (EqualInAnyCase(std::string_view(candidate).substr(nameStart), name) && NormalFileExists(candidate) &&
-            (found.empty() || candidate < found))
+        if (EqualInAnyCase(std::string_view(candidate).substr(nameStart), name) &&
+            NormalFileExists(candidate) && (found.empty() || candidate < found))
             found = candidate;
     }
     return found;

@@ -21,15 +21,19 @@ struct Program {
 /// Finds the running program file; both texts are empty where the platform cannot tell.
 Program RunningProgram();
 
+/// Makes a write past the process's limit of file sizes fail like one to a full disk, instead of ending the
+/// program.
+void SurviveFileSizeLimits();
+
 /// Folder and name joined with one separator more, whether or not the folder ends in one.
 std::string JoinPath(std::string_view folder, std::string_view name);
 
-/// True when a normal file of exactly this path exists: no folder, no device, and not hidden (a name with a leading
-/// dot; on Windows the hidden and system attributes).
+/// True when a normal file of exactly this path exists: no folder, no device, and not hidden (a name with a
+/// leading dot; on Windows the hidden and system attributes).
 bool NormalFileExists(const std::string& path);
 
-/// The path itself when it names a normal file; else the path of a normal file beside it whose name differs in the case
-/// of ASCII letters alone (the first in byte order of several); else an empty text.
+/// The path itself when it names a normal file; else the path of a normal file beside it whose name differs
+/// in the case of ASCII letters alone (the first in byte order of several); else an empty text.
 std::string FindInAnyCase(const std::string& path);
 
 /// True when two names are equal but for the case of ASCII letters.

@@ -4,8 +4,8 @@
 #include <cstdint>
 #include <string>
 
-/// The few calls in which platforms differ; for File.cpp and Paths.cpp alone. A negative result is a failure whose
-/// number is then in errno.
+/// The few calls in which platforms differ; for File.cpp and Paths.cpp alone. A negative result is a failure
+/// whose number is then in errno.
 namespace morvane::platform {
 
 /// How a file is opened. None of the ways blocks, whatever the path names.
@@ -30,6 +30,8 @@ int Truncate(int descriptor, std::int64_t length);
 int Close(int descriptor);
 int Delete(const std::string& path);
 
+/// True for a path whose file, if there is one, is hidden.
+bool IsHidden(const std::string& path);
 /// True for an existing regular file that is not hidden.
 bool IsNormalFile(const std::string& path);
 /// True for anything of that name which is not a folder, a link that leads nowhere included.
@@ -37,5 +39,8 @@ bool IsOtherThanFolder(const std::string& path);
 
 /// Full path of the running program file, or an empty text.
 std::string ProgramPath();
+
+/// Lets writes past a limit of file sizes fail with a number instead of ending the process.
+void IgnoreFileSizeSignal();
 
 } // namespace morvane::platform

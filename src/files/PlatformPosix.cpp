@@ -1,6 +1,7 @@
 #include "Platform.h"
 
 #include <cerrno>
+#include <csignal>
 #include <fcntl.h>
 #include <sys/stat.h>
 #include <unistd.h>
@@ -9,15 +10,11 @@ namespace morvane::platform {
 
 namespace {
 
-template <typename Call> auto Continued(Call call) {
+template <typename Call>
+auto Continued(Call call) {
     auto result = call();
     while (result < 0 && errno == EINTR) result = call();
     return result;
-}
-
-bool HasHiddenName(const std::string& path) {
-    const std::size_t name = path.rfind('/') + 1; // 0 when there is no separator
-    return name < path.size() && path[name] == '.';
 }
 
 } // namespace
@@ -26,9 +23,15 @@ int Open(const std::string& path, Access access) {
     // O_NONBLOCK keeps a pipe or device of that name from stopping the program; regular files do not heed it.
     int flags = O_CLOEXEC | O_NONBLOCK;
     switch (access) {
-    case Access::Read: flags |= O_RDONLY; break;
-    case Access::Create: flags |= O_WRONLY | O_CREAT | O_TRUNC; break;
-    case Access::Overwrite: flags |= O_WRONLY | O_CREAT; break;
+    case Access::Read:
+        flags |= O_RDONLY;
+        break;
+    case Access::Create:
+        flags |= O_WRONLY | O_CREAT | O_TRUNC;
+        break;
+    case Access::Overwrite:
+        flags |= O_WRONLY | O_CREAT;
+        break;
     }
     return Continued([&] { return open(path.c_str(), flags, 0666); });
 }
@@ -58,9 +61,14 @@ int Close(int descriptor) {
 
 int Delete(const std::string& path) { return unlink(path.c_str()); }
 
+bool IsHidden(const std::string& path) {
+    const std::size_t name = path.rfind('/') + 1; // 0 when there is no separator
+    return name < path.size() && path[name] == '.';
+}
+
 bool IsNormalFile(const std::string& path) {
     struct stat status {};
-    return !HasHiddenName(path) && stat(path.c_str(), &status) == 0 && S_ISREG(status.st_mode);
+    return !IsHidden(path) && stat(path.c_str(), &status) == 0 && S_ISREG(status.st_mode);
 }
 
 bool IsOtherThanFolder(const std::string& path) {
@@ -80,5 +88,7 @@ std::string ProgramPath() {
         path.resize(2 * path.size());
     }
 }
+
+void IgnoreFileSizeSignal() { std::signal(SIGXFSZ, SIG_IGN); }
 
 } // namespace morvane::platform

@@ -10,9 +10,15 @@ namespace morvane::platform {
 int Open(const std::string& path, Access access) {
     int flags = _O_BINARY | _O_NOINHERIT;
     switch (access) {
-    case Access::Read: flags |= _O_RDONLY; break;
-    case Access::Create: flags |= _O_WRONLY | _O_CREAT | _O_TRUNC; break;
-    case Access::Overwrite: flags |= _O_WRONLY | _O_CREAT; break;
+    case Access::Read:
+        flags |= _O_RDONLY;
+        break;
+    case Access::Create:
+        flags |= _O_WRONLY | _O_CREAT | _O_TRUNC;
+        break;
+    case Access::Overwrite:
+        flags |= _O_WRONLY | _O_CREAT;
+        break;
     }
     return _open(path.c_str(), flags, _S_IREAD | _S_IWRITE);
 }
@@ -37,11 +43,16 @@ int Close(int descriptor) { return _close(descriptor); }
 
 int Delete(const std::string& path) { return _unlink(path.c_str()); }
 
+bool IsHidden(const std::string& path) {
+    const DWORD attributes = GetFileAttributesA(path.c_str());
+    return attributes != INVALID_FILE_ATTRIBUTES &&
+           (attributes & (FILE_ATTRIBUTE_HIDDEN | FILE_ATTRIBUTE_SYSTEM)) != 0;
+}
+
 bool IsNormalFile(const std::string& path) {
     const DWORD attributes = GetFileAttributesA(path.c_str());
-    const DWORD refused =
-        FILE_ATTRIBUTE_DIRECTORY | FILE_ATTRIBUTE_HIDDEN | FILE_ATTRIBUTE_SYSTEM | FILE_ATTRIBUTE_DEVICE;
-    return attributes != INVALID_FILE_ATTRIBUTES && (attributes & refused) == 0;
+    return attributes != INVALID_FILE_ATTRIBUTES && !IsHidden(path) &&
+           (attributes & (FILE_ATTRIBUTE_DIRECTORY | FILE_ATTRIBUTE_DEVICE)) == 0;
 }
 
 bool IsOtherThanFolder(const std::string& path) {
@@ -54,5 +65,7 @@ std::string ProgramPath() {
     path.resize(GetModuleFileNameA(nullptr, path.data(), static_cast<DWORD>(path.size())));
     return path;
 }
+
+void IgnoreFileSizeSignal() {} // there is no such limit
 
 } // namespace morvane::platform

@@ -1,0 +1,34 @@
+# Shared by the scripts: installs what is missing and builds. Sourced from the project's root.
+
+# What building and running needs, from Debian.
+build_packages=(cmake ninja-build g++ qt6-base-dev fonts-liberation)
+# What a tour of the program without a display needs.
+tour_packages=(python3 xvfb openbox xdotool imagemagick x11-utils)
+# What the tests need besides.
+test_packages=(libgtest-dev googletest "${tour_packages[@]}")
+
+say() { printf '== %s\n' "$*"; }
+
+# Installs those of the named packages that are not there yet; asks no registry when none is missing.
+need() {
+    local missing=() package
+    for package in "$@"; do
+        [ "$(dpkg-query -W -f '${db:Status-Status}' "$package" 2>/dev/null)" = installed ] || missing+=("$package")
+    done
+    [ ${#missing[@]} -gt 0 ] || return 0
+    say "Installing ${missing[*]}"
+    local root=()
+    [ "$(id -u)" = 0 ] || root=(sudo)
+    "${root[@]}" apt-get update -qq
+    "${root[@]}" env DEBIAN_FRONTEND=noninteractive apt-get install -y -qq --no-install-recommends \
+        "${missing[@]}" > /dev/null
+}
+
+# Configures a preset and builds it, or only the targets named after it.
+build() {
+    local preset=$1
+    shift
+    say "Building the $preset preset"
+    cmake --preset "$preset" > /dev/null
+    cmake --build --preset "$preset" ${1:+--target "$@"}
+}

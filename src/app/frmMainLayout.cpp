@@ -1,0 +1,139 @@
+#include "Fonts.h"
+#include "Frame.h"
+#include "frmMain.h"
+
+#include <QApplication>
+#include <QIcon>
+#include <QMenuBar>
+#include <QTextDocument>
+
+namespace morvane {
+
+namespace {
+
+constexpr QSize ClientArea(617, 488);
+
+constexpr std::array<const char*, 3> ViewCaptions{"Maps", "Walls/Sprites", "Sounds"};
+
+// Fills the window without a layout of its own, so that nothing moves when the window's size changes.
+class Client : public QWidget {
+  public:
+    using QWidget::QWidget;
+    [[nodiscard]] QSize sizeHint() const override { return ClientArea; }
+    [[nodiscard]] QSize minimumSizeHint() const override { return {0, 0}; }
+};
+
+} // namespace
+
+void frmMain::BuildWidgets() {
+    setWindowTitle("Morvane Extractor");
+    QIcon icon;
+    for (const char* image : {":/icons/16.png", ":/icons/32.png"}) icon.addFile(image);
+    setWindowIcon(icon);
+
+    auto* client = new Client(this);
+    client->setFont(ui::WindowFont());
+    setCentralWidget(client);
+    for (std::size_t i = 0; i < fra.size(); ++i) {
+        fra[i] = new ui::Frame(ViewCaptions[i], client);
+        fra[i]->setObjectName("fra" + QString::number(i));
+        fra[i]->setFont(ui::CaptionFont());
+        // Side by side, as designed; start-up stacks them on the place of the first.
+        fra[i]->setGeometry(8 + ClientArea.width() * static_cast<int>(i), 8, 601, 473);
+        fra[i]->setEnabled(false);
+        fra[i]->setVisible(i == 0);
+    }
+
+    lstMap = AddListBox(fra[0], "lstMap", {8, 16, 129, 446});
+    picMap = AddPictureBox(fra[0], "picMap", {144, 16, 448, 448});
+    lstGroup = AddListBox(fra[1], "lstGroup", {8, 16, 81, 446});
+    lstImage = AddListBox(fra[1], "lstImage", {96, 16, 41, 446});
+    pic = AddPictureBox(fra[1], "pic", {144, 16, 321, 113});
+    lbl = new QLabel("Codes of unknown meaning", fra[1]);
+    lbl->setObjectName("lbl");
+    lbl->setFont(ui::WindowFont());
+    lbl->setAlignment(Qt::AlignLeft | Qt::AlignTop);
+    lbl->setGeometry(144, 160, 185, 21);
+    txt = new QPlainTextEdit(fra[1]);
+    txt->setObjectName("txt");
+    txt->setFont(ui::CodesFont());
+    txt->setGeometry(144, 176, 321, 173);
+    txt->setReadOnly(true);
+    txt->setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
+    txt->setTabChangesFocus(true);
+    txt->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    txt->document()->setDocumentMargin(1);
+    lstSound = AddListBox(fra[2], "lstSound", {8, 16, 89, 446});
+}
+
+ui::ListBox* frmMain::AddListBox(QWidget* frame, const char* name, QRect place) {
+    auto* list = new ui::ListBox(frame);
+    list->setObjectName(name);
+    list->setFont(ui::WindowFont());
+    list->setGeometry(place);
+    return list;
+}
+
+ui::PictureBox* frmMain::AddPictureBox(QWidget* frame, const char* name, QRect place) {
+    auto* box = new ui::PictureBox(frame);
+    box->setObjectName(name);
+    box->setGeometry(place);
+    return box;
+}
+
+void frmMain::BuildMenus() {
+    menuBar()->setNativeMenuBar(false);
+    mnuFile.emplace(menuBar(), "&File");
+    mnuFile->AddItem("&Open", "Ctrl+O", [this] { FromUser([this] { mnuFileOpen_Click(); }); });
+    mnuFile->AddSeparator();
+    mnuFileExport =
+        mnuFile->AddItem("&Export", nullptr, [this] { FromUser([this] { mnuFileExport_Click(); }); });
+    mnuFileExportAll =
+        mnuFile->AddItem("Export All", nullptr, [this] { FromUser([this] { mnuFileExportAll_Click(); }); });
+    mnuFile->AddSeparator();
+    mnuFile->AddItem("E&xit", nullptr, [this] { FromUser([this] { mnuFileExit_Click(); }); });
+
+    mnuView.emplace(menuBar(), "&View");
+    constexpr std::array<std::pair<const char*, const char*>, 3> Episodes{
+        {{"Episode &1", "Ctrl+Shift+F1"}, {"Episode &2", "Ctrl+Shift+F2"}, {"Episode &3", "Ctrl+Shift+F3"}}};
+    constexpr std::array<std::pair<const char*, const char*>, 3> Frames{
+        {{"&Maps", "Ctrl+M"}, {"&Walls/Sprites", "Ctrl+W"}, {"&Sounds", "Ctrl+D"}}};
+    for (std::size_t i = 0; i < Episodes.size(); ++i) {
+        mnuViewEpisode[i] = mnuView->AddItem(Episodes[i].first, Episodes[i].second, [this, i] {
+            FromUser([this, i] { mnuViewEpisode_Click(static_cast<int>(i)); });
+        });
+        mnuViewEpisode[i]->setCheckable(true);
+        mnuViewEpisode[i]->setEnabled(i == 0);
+    }
+    mnuView->AddSeparator();
+    for (std::size_t i = 0; i < Frames.size(); ++i) {
+        mnuViewFrame[i] = mnuView->AddItem(Frames[i].first, Frames[i].second, [this, i] {
+            FromUser([this, i] { mnuViewFrame_Click(static_cast<int>(i)); });
+        });
+        mnuViewFrame[i]->setCheckable(true);
+    }
+}
+
+void frmMain::ConnectLists() {
+    lstMap->Handler = [this] { lstMap_Click(); };
+    lstGroup->Handler = [this] { lstGroup_Click(); };
+    lstImage->Handler = [this] { lstImage_Click(); };
+    lstSound->Handler = [] {};
+
+    // A selection that fails goes back to the entry that is still shown.
+    for (ui::ListBox* list : {lstMap, lstImage})
+        connect(list, &ui::ListBox::UserSelected, this, [this, list](int previous) {
+            FromUser(list->Handler, [list, previous] { list->ShowSelected(previous); });
+        });
+    connect(lstGroup, &ui::ListBox::UserSelected, this, [this](int previous) {
+        const std::vector<ui::ListItem> images = lstImage->Items();
+        const int image = lstImage->ListIndex();
+        FromUser(lstGroup->Handler, [this, previous, images, image] {
+            lstGroup->ShowSelected(previous);
+            lstImage->SetItems(images);
+            lstImage->ShowSelected(image);
+        });
+    });
+}
+
+} // namespace morvane

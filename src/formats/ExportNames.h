@@ -1,0 +1,22 @@
+#pragma once
+
+#include "GameFolder.h"
+#include "SoundArchive.h"
+
+#include <cstdint>
+#include <string>
+
+namespace morvane {
+
+/// Decimal text, filled on its left with "0" to the width; longer text is never cut.
+std::string PadNumber(std::int32_t value, std::int32_t width);
+
+/// File name of an exported image: "Picture 1-012-01.bmp" for the first image (index 0) of group 12 in
+/// episode 1.
+std::string PictureFileName(const GameFolder& game, std::int32_t group, std::int32_t image);
+
+/// File name of an exported sound entry, such as "Song 007.mid"; every instrument bank has the same name.
+/// Empty for an entry of no recognised kind.
+std::string SoundFileName(SoundKind kind, std::int32_t number);
+
+} // namespace morvane

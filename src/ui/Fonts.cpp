@@ -1,0 +1,40 @@
+#include "Fonts.h"
+
+#include <QStringList>
+
+namespace ui {
+
+namespace {
+
+QFont FontOf(const QStringList& families, QFont::StyleHint hint, int pixels) {
+    QFont font;
+    font.setFamilies(families);
+    font.setStyleHint(hint);
+    font.setPixelSize(pixels);
+    font.setWeight(QFont::Normal);
+    font.setItalic(false);
+    return font;
+}
+
+} // namespace
+
+QFont WindowFont() {
+    const QStringList families{"MS Sans Serif", "Microsoft Sans Serif", "Liberation Sans", "Arial",
+                               "Helvetica",     "DejaVu Sans"};
+    return FontOf(families, QFont::SansSerif, 11);
+}
+
+QFont CaptionFont() {
+    QFont font = WindowFont();
+    font.setWeight(QFont::Bold);
+    return font;
+}
+
+QFont CodesFont() {
+    const QStringList families{"Terminal", "Liberation Mono", "DejaVu Sans Mono", "Courier New"};
+    QFont font = FontOf(families, QFont::Monospace, 12);
+    font.setFixedPitch(true);
+    return font;
+}
+
+} // namespace ui

@@ -1,0 +1,24 @@
+#include "Menu.h"
+
+#include <utility>
+
+namespace ui {
+
+Menu::Menu(QMenuBar* bar, const char* caption) : Items(bar->addMenu(caption)), Group(new QActionGroup(bar)) {
+    Group->setExclusionPolicy(QActionGroup::ExclusionPolicy::None);
+}
+
+QAction* Menu::AddItem(const char* caption, const char* shortcut, std::function<void()> command) {
+    QAction* item = Items->addAction(caption);
+    if (shortcut != nullptr) item->setShortcut(QKeySequence(shortcut));
+    Group->addAction(item);
+    QObject::connect(item, &QAction::triggered, item, [command = std::move(command)] { command(); });
+    return item;
+}
+
+void Menu::SetEnabled(bool enabled) {
+    Items->menuAction()->setEnabled(enabled);
+    Group->setEnabled(enabled);
+}
+
+} // namespace ui

@@ -1,0 +1,29 @@
+#include "PictureBox.h"
+
+#include <QPainter>
+
+namespace ui {
+
+PictureBox::PictureBox(QWidget* parent) : QWidget(parent) { setFocusPolicy(Qt::StrongFocus); }
+
+void PictureBox::Show(const std::uint32_t* pixels, int width, int height) {
+    Shown = width > 0 && height > 0 ? QImage(reinterpret_cast<const uchar*>(pixels), width, height, 4 * width,
+                                             QImage::Format_RGB32)
+                                    : QImage();
+    update();
+}
+
+void PictureBox::Remove() {
+    Shown = {};
+    update();
+}
+
+void PictureBox::paintEvent(QPaintEvent* /*event*/) {
+    if (!Shown.isNull()) QPainter(this).drawImage(0, 0, Shown);
+}
+
+// The frame around draws the mark of the focus, so that it covers nothing of the picture.
+void PictureBox::focusInEvent(QFocusEvent* /*event*/) { parentWidget()->update(); }
+void PictureBox::focusOutEvent(QFocusEvent* /*event*/) { parentWidget()->update(); }
+
+} // namespace ui

@@ -1,0 +1,33 @@
+#pragma once
+
+#include <QImage>
+#include <QWidget>
+
+#include <cstdint>
+
+namespace ui {
+
+/// Shows a picture at its own size from the top left corner, one pixel of the picture for one of the layout,
+/// unscaled.
+class PictureBox : public QWidget {
+  public:
+    explicit PictureBox(QWidget* parent);
+
+    /// Shows width x height pixels (0xFFRRGGBB, rows without gaps). They are not copied: they must stay where
+    /// they are until another picture is shown or this one removed.
+    void Show(const std::uint32_t* pixels, int width, int height);
+    void Remove();
+
+    /// What is shown now; a null image when nothing is.
+    [[nodiscard]] const QImage& Image() const { return Shown; }
+
+  protected:
+    void paintEvent(QPaintEvent* event) override;
+    void focusInEvent(QFocusEvent* event) override;
+    void focusOutEvent(QFocusEvent* event) override;
+
+  private:
+    QImage Shown;
+};
+
+} // namespace ui
