@@ -387,6 +387,21 @@ TEST(Selections, RunTheHandlerEveryTime) {
     EXPECT_EQ(list.ListIndex(), 1);
 }
 
+TEST(Selections, AFailureInsideThoseOfTheProgramReachesTheCommand) {
+    TestWindow test;
+    frmMain& window = test.StartOnSample();
+    const std::string settings = test.SettingsPath();
+    std::filesystem::remove(settings);
+    window.lstImage->Handler = [] { throw Failure(5, "", "first line\nsecond line"); };
+    EXPECT_FALSE(window.OpenGameFolder());
+    ExpectError(test, "Error: 5\nDescription: first line\nsecond line");
+    EXPECT_FALSE(std::filesystem::exists(settings));
+    EXPECT_EQ(window.lstMap->Count(), 0); // the steps behind it were skipped
+    window.lstImage->Handler = [] { throw std::bad_alloc(); };
+    EXPECT_FALSE(window.OpenGameFolder());
+    ExpectError(test, "Error: 7\nDescription: Out of memory");
+}
+
 TEST(Selections, AGroupWithoutImagesLeavesTheImageShown) {
     TestWindow test;
     test.Sample.Groups[3].Images.clear();

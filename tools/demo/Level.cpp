@@ -48,6 +48,7 @@ void Level::CarveRoom(const Room& room, int region) {
             Regions(x, y) = sideX || sideY ? 0 : region;
             Ring(x, y) = sideX || sideY;
             Corner(x, y) = sideX && sideY;
+            Floors(x, y) = Void;
         }
     }
     Rooms.push_back(room);
@@ -328,7 +329,7 @@ void Level::BuildWalls() {
             Solids(x, y) = WallCode(material, look);
             const bool eastWest = IsOpen(x, y - 1) && IsOpen(x, y + 1);
             const bool northSouth = IsOpen(x - 1, y) && IsOpen(x + 1, y);
-            if (eastWest != northSouth && h % 5U == 0)
+            if (eastWest != northSouth && h % 11U == 0)
                 Solids(x, y) = static_cast<Code>(Window + (eastWest ? 0 : 1));
         }
     }
