@@ -4,9 +4,9 @@
 #include "TestWindow.h"
 
 #include <QApplication>
-#include <QMenu>
 #include <QLabel>
 #include <QLineEdit>
+#include <QMenu>
 #include <QMenuBar>
 #include <QPushButton>
 #include <QTest>
