@@ -74,9 +74,10 @@ class frmMain : public QMainWindow {
     /// Shows PendingError in a box, if there is one.
     void ReportError();
 
-    /// Writes a whole file in place of one of that name, unless overwrite is false and there is one: false
-    /// then.
-    bool WriteByteArray(const std::string& fileName, ConstBytes bytes, bool overwrite);
+    /// Writes a whole file, deleting one of that name first. False when there is one and overwrite is false;
+    /// it is then left alone. What cannot be deleted, created, written or closed raises the file system's
+    /// failure.
+    static bool WriteByteArray(const std::string& fileName, ConstBytes bytes, bool overwrite);
 
     GameFolder Game;                      ///< GamePath and CurrentEpisode
     std::int32_t CurrentView = 0;         ///< 0 Maps, 1 Walls/Sprites, 2 Sounds
@@ -117,6 +118,11 @@ class frmMain : public QMainWindow {
 
     void Form_Unload();
     void LoadGame(); // the steps of OpenGameFolder that may fail
+
+    void ExportImage();
+    void ExportSound();
+    void ExportAllImages(const std::string& folder);
+    void ExportAllSounds(const std::string& folder);
 
     // frmMainLayout.cpp
     void BuildWidgets();

@@ -76,9 +76,10 @@ void ReplaceContent(const std::string& path, ConstBytes bytes) {
 }
 
 bool DeleteFileIfAny(const std::string& path) {
-    if (!AnyFileExists(path)) return false;
-    if (platform::Delete(path) < 0 && errno != ENOENT) throw FileSystemFailure(errno, path);
-    return true;
+    if (platform::Delete(path) == 0) return true;
+    const int number = errno;
+    if (AnyFileExists(path)) throw FileSystemFailure(number, path);
+    return false;
 }
 
 bool AnyFileExists(const std::string& path) { return platform::IsOtherThanFolder(path); }

@@ -46,8 +46,12 @@ void AddBMPHeader(std::int32_t width, std::int32_t height, std::vector<std::uint
     for (const PaletteEntry& entry : Palette)
         for (const std::uint8_t value : {entry.Blue, entry.Green, entry.Red, entry.Reserved})
             *color++ = value;
-    for (std::int32_t y = 0; y < height; ++y)
-        std::copy_n(pixels.data() + width * y, width, file.data() + fileSize - (y + 1) * stride);
+    const std::uint8_t* from = pixels.data();
+    std::uint8_t* to = file.data() + fileSize;
+    for (std::int32_t y = 0; y < height; ++y, from += width) {
+        to -= stride;
+        std::copy_n(from, width, to);
+    }
     pixels = std::move(file);
 }
 

@@ -11,7 +11,7 @@ namespace {
 
 // A window that goes on where the last one ended is large; one somewhere else only holds what is asked for
 // and a little more, since the numbers there may stand alone between large blocks that nobody looks at.
-constexpr std::size_t LargeWindow = 128 * 1024;
+constexpr std::size_t LargeWindow = 131072;
 constexpr std::size_t SmallWindow = 4096;
 constexpr std::int64_t NearGap = 2048;
 
