@@ -38,7 +38,7 @@ class SaveDialog : public QFileDialog {
 
     int Ask(QMessageBox::Icon icon, const QString& text, QMessageBox::StandardButtons buttons,
             QMessageBox::StandardButton preset) {
-        QMessageBox box(icon, windowTitle(), text, buttons, this);
+        QMessageBox box(icon, "Confirm Save As", text, buttons, this);
         box.setTextFormat(Qt::PlainText);
         box.setDefaultButton(preset);
         return box.exec();

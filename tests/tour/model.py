@@ -10,8 +10,11 @@ SIGNATURES = [(b'IBK', 'InstBank', None), (b'MThd', 'MIDI', 'Song %03d.mid'),
               (b'Creative Voice File', 'VOC', 'Sound %03d.voc')]
 
 
-def read(*path):
-    with open(os.path.join(*path), 'rb') as f:
+def read(folder, name=None):
+    path = folder if name is None else os.path.join(folder, name)
+    if name is not None and not os.path.exists(path):
+        path = os.path.join(folder, next(n for n in os.listdir(folder) if n.lower() == name.lower()))
+    with open(path, 'rb') as f:
         return f.read()
 
 
@@ -113,3 +116,8 @@ def sounds(folder):
                 found[n] = (label, name % n if name else 'Morvane.ibk', cut(data, offset, size))
                 break
     return found
+
+
+def sound_files(folder):
+    """What Export All writes of the sounds; of several banks the last remains."""
+    return {name: data for _, (_, name, data) in sorted(sounds(folder).items())}

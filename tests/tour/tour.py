@@ -12,6 +12,7 @@ import sys
 
 import desktop
 import model
+import random_game
 
 CLIENT_HEIGHT = 488  # the menu bar stands above
 MAP_BOX = (8 + 144, 8 + 16)  # top left corners of the picture boxes in the client area
@@ -27,6 +28,8 @@ class Tour:
         with open(os.path.join(self.program, 'morvane-extractor.ini'), 'wb') as f:
             f.write(b'[Settings]\r\nOpenPath=' + os.fsencode(self.game) + b'\r\n')
         self.shots = 0
+        self.exports = os.path.join(self.output, 'exports')
+        os.mkdir(self.exports)
 
     def shoot(self, name):
         self.shots += 1
@@ -48,6 +51,8 @@ class Tour:
         self.main = desktop.window('^Morvane Extractor - 1\\.0\\.0$')
         for number in (1, 2, 3):
             self.tour_episode(number)
+        for seed in (1, 2):
+            self.tour_random_game(seed)
         desktop.keys('alt+f')
         desktop.keys('x')
         process.wait(timeout=20)
@@ -66,6 +71,86 @@ class Tour:
         self.shoot('episode%d-images' % number)
         desktop.keys('ctrl+d')
         self.shoot('episode%d-sounds' % number)
+        self.export_images(episode)
+        if number == 3:
+            self.export_sounds()
+
+    def tour_random_game(self, seed):
+        """Opens a damaged folder and exports all of it; the model tells what must come out."""
+        folder = os.path.join(self.output, 'random%d' % seed)
+        random_game.write(folder, seed)
+        desktop.keys('ctrl+o')
+        self.answer_folder_dialog(folder)
+        desktop.activate(self.main)
+        desktop.keys('ctrl+w')
+        for number in (1, 2, 3):
+            desktop.keys('ctrl+shift+F%d' % number)
+            self.export_all('../random%d/out%d' % (seed, number), model.Episode(folder, number).image_files())
+        desktop.keys('ctrl+d')
+        self.export_all('../random%d/sounds' % seed, model.sound_files(folder))
+
+    def export_images(self, episode):
+        desktop.keys('ctrl+w')
+        g = sorted(episode.groups)[1]
+        desktop.keys('Down')
+        self.expect(episode.picture(g, 0), IMAGE_BOX, 'episode %d, group %d' % (episode.number, g))
+        name = 'Picture %d-%03d-01.bmp' % (episode.number, g)
+        self.export('Save Image As...', name, episode.bmp(g, 0))
+        self.export_all('images%d' % episode.number, episode.image_files())
+
+    def export_sounds(self):
+        desktop.keys('ctrl+d')
+        sounds, titles = model.sounds(self.game), {'InstBank': 'Instrument Bank', 'MIDI': 'MIDI', 'VOC': 'VOC'}
+        numbers = sorted(sounds)
+        for label, title in titles.items():
+            number = next(n for n in numbers if sounds[n][0] == label)
+            desktop.keys('Home', *['Down'] * numbers.index(number))
+            self.export('Save %s As...' % title, sounds[number][1], sounds[number][2])
+        self.export_all('sounds', model.sound_files(self.game))
+
+    def export(self, title, name, expected):
+        """One single export under the proposed name, over nothing and then over a longer file."""
+        path = os.path.join(self.program, name)
+        for before in (None, b'x' * (len(expected) + 100)):
+            if before:
+                with open(path, 'wb') as f:
+                    f.write(before)
+            desktop.keys('alt+f')
+            desktop.keys('e')
+            desktop.window('^' + title)
+            desktop.keys('Return')
+            desktop.window('^Confirm Save As$')
+            if before and self.shots < 12:
+                self.shoot('export')
+            desktop.keys('alt+y')
+            desktop.gone('^' + title)
+            desktop.activate(self.main)
+            desktop.wait(lambda: os.path.exists(path) and model.read(path) == expected, name)
+        print('  checked:', name, 'exported alone')
+
+    def answer_folder_dialog(self, folder):
+        desktop.window('^Browse For Folder$')
+        desktop.keys('alt+f', 'ctrl+a')
+        desktop.type_text(folder)
+        desktop.keys('Return')
+        desktop.gone('^Browse For Folder$')
+
+    def export_all(self, folder, expected):
+        target = os.path.normpath(os.path.join(self.exports, folder))
+        os.mkdir(target)
+        desktop.keys('alt+f')
+        desktop.keys('Down', 'Down', 'Return')
+        self.answer_folder_dialog(target)
+        desktop.window('^Morvane Extractor$')
+        if not folder.startswith('..'):
+            self.shoot('export-all-' + folder)
+        desktop.keys('Return')
+        desktop.gone('^Morvane Extractor$')
+        desktop.activate(self.main)
+        found = {name: model.read(target, name) for name in os.listdir(target)}
+        assert sorted(found) == sorted(expected), (folder, set(found) ^ set(expected))
+        assert all(found[name] == expected[name] for name in found), folder
+        print('  checked: all %d files of %s' % (len(found), folder))
 
 
 def main():
@@ -73,6 +158,9 @@ def main():
     tour.desktop = desktop.Desktop()
     try:
         tour.run()
+    except BaseException:
+        tour.shoot('failure')
+        raise
     finally:
         tour.desktop.close()
     print('Toured the program; %d screenshots lie in %s' % (tour.shots, tour.output))
