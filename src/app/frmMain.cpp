@@ -208,7 +208,8 @@ void frmMain::DrawMap() {
     if (map < 0) return;
     ReadMapCells(Game, MapDirectory.at(static_cast<std::size_t>(map)), MapCells);
     DrawMapCells(MapCells, MapPicture);
-    picMap->Show(MapPicture.Pixels().data(), MapPicture.Width(), MapPicture.Height());
+    picMap->Show(MapPicture.Pixels().data(), MapPicture.Width(), MapPicture.Height(),
+                 "Map " + std::to_string(map));
 }
 
 void frmMain::lstGroup_Click() {
@@ -228,7 +229,9 @@ void frmMain::lstImage_Click() {
     Picture picture = PictureFromBMP(file);
     CurrentImageFile = std::move(file);
     ImagePicture = std::move(picture);
-    pic->Show(ImagePicture.Pixels().data(), ImagePicture.Width(), ImagePicture.Height());
+    pic->Show(ImagePicture.Pixels().data(), ImagePicture.Width(), ImagePicture.Height(),
+              "Group " + std::to_string(group) + " image " + std::to_string(lstImage->ListIndex()) + ", " +
+                  std::to_string(ImagePicture.Width()) + " x " + std::to_string(ImagePicture.Height()));
     txt->setPlainText(QString::fromStdString(CodesText(Groups[static_cast<std::size_t>(group)].Codes)));
 }
 

@@ -71,6 +71,10 @@ class frmMain : public QMainWindow {
     /// Draws the map selected in lstMap into picMap.
     void DrawMap();
 
+    /// Write every image of the episode, or every recognised sound, into a folder.
+    void ExportAllImages(const std::string& folder);
+    void ExportAllSounds(const std::string& folder);
+
     /// Shows PendingError in a box, if there is one.
     void ReportError();
 
@@ -121,14 +125,12 @@ class frmMain : public QMainWindow {
 
     void ExportImage();
     void ExportSound();
-    void ExportAllImages(const std::string& folder);
-    void ExportAllSounds(const std::string& folder);
 
     // frmMainLayout.cpp
     void BuildWidgets();
     void BuildMenus();
     void ConnectLists();
-    ui::ListBox* AddListBox(QWidget* frame, const char* name, QRect place);
+    ui::ListBox* AddListBox(QWidget* frame, const char* name, const char* spoken, QRect place);
     ui::PictureBox* AddPictureBox(QWidget* frame, const char* name, QRect place);
 
     Program ThisProgram;

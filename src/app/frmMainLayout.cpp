@@ -44,10 +44,10 @@ void frmMain::BuildWidgets() {
         fra[i]->setVisible(i == 0);
     }
 
-    lstMap = AddListBox(fra[0], "lstMap", {8, 16, 129, 446});
+    lstMap = AddListBox(fra[0], "lstMap", "Maps", {8, 16, 129, 446});
     picMap = AddPictureBox(fra[0], "picMap", {144, 16, 448, 448});
-    lstGroup = AddListBox(fra[1], "lstGroup", {8, 16, 81, 446});
-    lstImage = AddListBox(fra[1], "lstImage", {96, 16, 41, 446});
+    lstGroup = AddListBox(fra[1], "lstGroup", "Groups", {8, 16, 81, 446});
+    lstImage = AddListBox(fra[1], "lstImage", "Images", {96, 16, 41, 446});
     pic = AddPictureBox(fra[1], "pic", {144, 16, 321, 113});
     lbl = new QLabel("Codes of unknown meaning", fra[1]);
     lbl->setObjectName("lbl");
@@ -56,6 +56,7 @@ void frmMain::BuildWidgets() {
     lbl->setGeometry(144, 160, 185, 21);
     txt = new QPlainTextEdit(fra[1]);
     txt->setObjectName("txt");
+    txt->setAccessibleName(lbl->text());
     txt->setFont(ui::CodesFont());
     txt->setGeometry(144, 176, 321, 173);
     txt->setReadOnly(true);
@@ -63,12 +64,13 @@ void frmMain::BuildWidgets() {
     txt->setTabChangesFocus(true);
     txt->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     txt->document()->setDocumentMargin(1);
-    lstSound = AddListBox(fra[2], "lstSound", {8, 16, 89, 446});
+    lstSound = AddListBox(fra[2], "lstSound", "Sounds", {8, 16, 89, 446});
 }
 
-ui::ListBox* frmMain::AddListBox(QWidget* frame, const char* name, QRect place) {
+ui::ListBox* frmMain::AddListBox(QWidget* frame, const char* name, const char* spoken, QRect place) {
     auto* list = new ui::ListBox(frame);
     list->setObjectName(name);
+    list->setAccessibleName(spoken);
     list->setFont(ui::WindowFont());
     list->setGeometry(place);
     return list;

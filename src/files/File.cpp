@@ -30,7 +30,9 @@ std::optional<File> File::OpenForReading(const std::string& path) {
         throw FileSystemFailure(number, path);
     }
     std::optional<File> file(File(descriptor, path));
-    if (!platform::IsRegular(descriptor)) file.reset();
+    const int regular = platform::IsRegular(descriptor);
+    if (regular < 0) throw FileSystemFailure(errno, path);
+    if (regular == 0) file.reset();
     return file;
 }
 
@@ -47,7 +49,8 @@ std::size_t File::ReadAt(std::int64_t position, Bytes bytes) const {
 }
 
 void File::Write(ConstBytes bytes) {
-    if (!platform::IsRegular(Descriptor)) throw FileSystemFailure(EINVAL, Path);
+    const int regular = platform::IsRegular(Descriptor);
+    if (regular <= 0) throw FileSystemFailure(regular < 0 ? errno : EINVAL, Path);
     std::size_t done = 0;
     while (done < bytes.size()) {
         const std::int64_t count = platform::WriteAt(Descriptor, static_cast<std::int64_t>(done),

@@ -18,8 +18,8 @@ enum class Access {
 /// Opens a file; its descriptor, which child processes do not inherit.
 int Open(const std::string& path, Access access);
 
-/// True when the descriptor is of a regular file.
-bool IsRegular(int descriptor);
+/// 1 when the descriptor is of a regular file, 0 when it is of anything else.
+int IsRegular(int descriptor);
 
 /// One read or write at a byte position; how many bytes were moved, 0 at the end of the file.
 std::int64_t ReadAt(int descriptor, std::int64_t position, void* bytes, std::size_t count);

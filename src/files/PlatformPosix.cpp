@@ -36,9 +36,10 @@ int Open(const std::string& path, Access access) {
     return Continued([&] { return open(path.c_str(), flags, 0666); });
 }
 
-bool IsRegular(int descriptor) {
+int IsRegular(int descriptor) {
     struct stat status {};
-    return fstat(descriptor, &status) == 0 && S_ISREG(status.st_mode);
+    if (Continued([&] { return fstat(descriptor, &status); }) < 0) return -1;
+    return S_ISREG(status.st_mode) ? 1 : 0;
 }
 
 std::int64_t ReadAt(int descriptor, std::int64_t position, void* bytes, std::size_t count) {
@@ -59,7 +60,9 @@ int Close(int descriptor) {
     return result < 0 && errno == EINTR ? 0 : result;
 }
 
-int Delete(const std::string& path) { return unlink(path.c_str()); }
+int Delete(const std::string& path) {
+    return Continued([&] { return unlink(path.c_str()); });
+}
 
 bool IsHidden(const std::string& path) {
     const std::size_t name = path.rfind('/') + 1; // 0 when there is no separator
@@ -68,12 +71,13 @@ bool IsHidden(const std::string& path) {
 
 bool IsNormalFile(const std::string& path) {
     struct stat status {};
-    return !IsHidden(path) && stat(path.c_str(), &status) == 0 && S_ISREG(status.st_mode);
+    return !IsHidden(path) && Continued([&] { return stat(path.c_str(), &status); }) == 0 &&
+           S_ISREG(status.st_mode);
 }
 
 bool IsOtherThanFolder(const std::string& path) {
     struct stat status {};
-    return lstat(path.c_str(), &status) == 0 && !S_ISDIR(status.st_mode);
+    return Continued([&] { return lstat(path.c_str(), &status); }) == 0 && !S_ISDIR(status.st_mode);
 }
 
 std::string ProgramPath() {

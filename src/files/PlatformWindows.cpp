@@ -23,8 +23,8 @@ int Open(const std::string& path, Access access) {
     return _open(path.c_str(), flags, _S_IREAD | _S_IWRITE);
 }
 
-bool IsRegular(int descriptor) {
-    return GetFileType(reinterpret_cast<HANDLE>(_get_osfhandle(descriptor))) == FILE_TYPE_DISK;
+int IsRegular(int descriptor) {
+    return GetFileType(reinterpret_cast<HANDLE>(_get_osfhandle(descriptor))) == FILE_TYPE_DISK ? 1 : 0;
 }
 
 std::int64_t ReadAt(int descriptor, std::int64_t position, void* bytes, std::size_t count) {

@@ -3,26 +3,23 @@
 #include "Text.h"
 
 #include <QGuiApplication>
+#include <QLabel>
 #include <QMessageBox>
 
 namespace ui {
 
 namespace {
 
-// Lets long runs without a blank, such as paths, break behind their separators.
-QString Breakable(QString text) {
-    constexpr int Long = 400;
-    if (text.size() < Long) return text;
+// Texts from this length on hold long paths; they get a wide box and may break anywhere.
+constexpr int LongText = 400;
+constexpr int WideBox = 700;
+
+QString Breakable(const QString& text) {
     constexpr QChar ZeroWidthSpace(0x200B);
     QString result;
-    int run = 0;
-    for (const QChar c : std::as_const(text)) {
+    for (const QChar c : text) {
         result += c;
-        run = c.isSpace() ? 0 : run + 1;
-        if (run >= 60) {
-            result += ZeroWidthSpace;
-            run = 0;
-        }
+        if (!c.isSpace() && !c.isHighSurrogate()) result += ZeroWidthSpace;
     }
     return result;
 }
@@ -33,7 +30,10 @@ void ShowMessageBox(QWidget* owner, const std::string& title, const std::string&
     QMessageBox box(owner);
     box.setWindowTitle(FromBytes(title));
     box.setTextFormat(Qt::PlainText);
-    box.setText(Breakable(FromBytes(text).replace("\r\n", "\n")));
+    const QString shown = FromBytes(text).replace("\r\n", "\n");
+    box.setText(shown.size() < LongText ? shown : Breakable(shown));
+    auto* label = box.findChild<QLabel*>("qt_msgbox_label");
+    if (label != nullptr && shown.size() >= LongText) label->setMinimumWidth(WideBox);
     box.setIcon(icon == BoxIcon::Critical ? QMessageBox::Critical : QMessageBox::NoIcon);
     box.setStandardButtons(QMessageBox::Ok);
     box.exec();

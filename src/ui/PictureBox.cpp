@@ -1,12 +1,26 @@
 #include "PictureBox.h"
 
+#include <QAccessibleWidget>
 #include <QPainter>
 
 namespace ui {
 
-PictureBox::PictureBox(QWidget* parent) : QWidget(parent) { setFocusPolicy(Qt::StrongFocus); }
+namespace {
 
-void PictureBox::Show(const std::uint32_t* pixels, int width, int height) {
+QAccessibleInterface* DescribePictureBox(const QString& /*className*/, QObject* object) {
+    auto* box = qobject_cast<PictureBox*>(object);
+    return box == nullptr ? nullptr : new QAccessibleWidget(box, QAccessible::Graphic);
+}
+
+} // namespace
+
+PictureBox::PictureBox(QWidget* parent) : QWidget(parent) {
+    setFocusPolicy(Qt::StrongFocus);
+    QAccessible::installFactory(DescribePictureBox);
+}
+
+void PictureBox::Show(const std::uint32_t* pixels, int width, int height, const std::string& description) {
+    setAccessibleName(QString::fromStdString(description));
     Shown = width > 0 && height > 0 ? QImage(reinterpret_cast<const uchar*>(pixels), width, height, 4 * width,
                                              QImage::Format_RGB32)
                                     : QImage();
@@ -15,6 +29,7 @@ void PictureBox::Show(const std::uint32_t* pixels, int width, int height) {
 
 void PictureBox::Remove() {
     Shown = {};
+    setAccessibleName("Nothing");
     update();
 }
 

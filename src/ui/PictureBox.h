@@ -4,18 +4,23 @@
 #include <QWidget>
 
 #include <cstdint>
+#include <string>
 
 namespace ui {
 
 /// Shows a picture at its own size from the top left corner, one pixel of the picture for one of the layout,
 /// unscaled.
+/// Its accessible name says what is shown.
 class PictureBox : public QWidget {
+    Q_OBJECT
+
   public:
     explicit PictureBox(QWidget* parent);
 
     /// Shows width x height pixels (0xFFRRGGBB, rows without gaps). They are not copied: they must stay where
     /// they are until another picture is shown or this one removed.
-    void Show(const std::uint32_t* pixels, int width, int height);
+    /// The description is for those who cannot see it.
+    void Show(const std::uint32_t* pixels, int width, int height, const std::string& description);
     void Remove();
 
     /// What is shown now; a null image when nothing is.

@@ -11,7 +11,11 @@
 namespace morvane {
 
 TestWindow::TestWindow() {
-    QObject::connect(&Watch, &QTimer::timeout, &Watch, [this] { Look(); });
+    // The look itself is queued: a timer does not fire again inside what it has started.
+    QObject::connect(&Watch, &QTimer::timeout, &Watch, [this] {
+        QMetaObject::invokeMethod(
+            &Watch, [this] { Look(); }, Qt::QueuedConnection);
+    });
     Watch.start(1);
 }
 
@@ -101,11 +105,18 @@ std::string StateOf(const frmMain& window) {
     return text;
 }
 
+namespace {
+std::vector<std::string> GivenArguments;
+}
+
+const std::vector<std::string>& TestArguments() { return GivenArguments; }
+
 } // namespace morvane
 
 int main(int argc, char** argv) {
     testing::InitGoogleTest(&argc, argv);
     QApplication application(argc, argv);
+    morvane::GivenArguments.assign(argv + 1, argv + argc);
     QApplication::setQuitOnLastWindowClosed(false);
     return RUN_ALL_TESTS();
 }

@@ -62,6 +62,9 @@ class TestWindow {
     QTimer Watch;
 };
 
+/// The arguments of the test program that are not the test framework's.
+const std::vector<std::string>& TestArguments();
+
 /// The state of the window in one line: enabled frames, View menu, exports, visible frame, marks.
 std::string StateOf(const frmMain& window);
 

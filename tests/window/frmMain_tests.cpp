@@ -3,6 +3,7 @@
 #include "Palette.h"
 #include "TestWindow.h"
 
+#include <QAccessible>
 #include <QApplication>
 #include <QLabel>
 #include <QLineEdit>
@@ -412,6 +413,54 @@ TEST(Selections, AGroupWithoutImagesLeavesTheImageShown) {
     EXPECT_EQ(window.lstImage->Count(), 0);
     EXPECT_EQ(window.CurrentImageFile, file);
     EXPECT_FALSE(window.pic->Image().isNull());
+}
+
+TEST(Accessibility, ScreenReadersLearnWhatIsShown) {
+    TestWindow test;
+    frmMain& window = test.StartOnSample();
+    const auto spoken = [](QWidget* widget) {
+        const QAccessibleInterface* accessible = QAccessible::queryAccessibleInterface(widget);
+        return accessible->text(QAccessible::Name).toStdString();
+    };
+    TestWindow::Click(*window.lstMap, 2);
+    EXPECT_EQ(spoken(window.picMap), "Map 2");
+    TestWindow::Press(window, "Ctrl+W");
+    TestWindow::Click(*window.lstImage, 1);
+    EXPECT_EQ(spoken(window.pic), "Group 2 image 1, 3 x 4");
+    EXPECT_EQ(QAccessible::queryAccessibleInterface(window.pic)->role(), QAccessible::Graphic);
+    EXPECT_EQ(spoken(window.txt), "Codes of unknown meaning");
+    EXPECT_EQ(spoken(window.lstGroup), "Groups");
+    EXPECT_EQ(spoken(window.fra[1]), "Walls/Sprites");
+    window.EnableControls(false);
+    EXPECT_EQ(spoken(window.pic), "Nothing");
+}
+
+TEST(Looks, NoTextIsCutInDarkColoursOrWithLargeFonts) {
+    TestWindow test;
+    test.Sample.Groups[511] = SampleGame::MakeGroup(5, 250);
+    test.Sample.Groups[511].Images.resize(255);
+    test.Sample.Sounds.resize(160);
+    test.Sample.Sounds[159].Data = SampleGame::Text("IBK");
+    QApplication::setFont(QFont(QApplication::font().family(), 24));
+    frmMain& window = test.StartOnSample();
+    TestWindow::Press(window, "Ctrl+W");
+    TestWindow::Press(*window.lstGroup, "End");
+    EXPECT_EQ(window.centralWidget()->size(), QSize(617, 488));
+    for (const ui::ListBox* list : {window.lstMap, window.lstGroup, window.lstImage, window.lstSound})
+        for (const ui::ListItem& item : list->Items())
+            EXPECT_LE(list->fontMetrics().horizontalAdvance(QString::fromStdString(item.Text)) + 2,
+                      list->viewport()->width())
+                << item.Text;
+    EXPECT_EQ(window.txt->document()->size().height(), 10); // all codes, nine in a line, without scrolling
+    EXPECT_LE(window.lbl->fontMetrics().horizontalAdvance(window.lbl->text()), window.lbl->width());
+    QApplication::setPalette(QPalette(QColor(40, 40, 40)));
+    QApplication::processEvents();
+    const QImage shot = window.grab().toImage();
+    shot.save("looks-dark-large.png");
+    EXPECT_LT(shot.pixelColor(610, shot.height() - 4).lightness(), 60);
+    EXPECT_LT(shot.pixelColor(50, shot.height() - 40).lightness(), 60); // the list
+    QApplication::setPalette(QPalette());
+    QApplication::setFont(QFont());
 }
 
 TEST(FolderDialog, HonoursStartFolderTitleAndStyle) {

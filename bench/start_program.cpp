@@ -1,0 +1,16 @@
+// The program's start on the settings file beside it, quitting as soon as the window is shown.
+#include "Paths.h"
+#include "frmMain.h"
+
+#include <QApplication>
+#include <QTimer>
+
+int main(int argc, char** argv) {
+    QApplication application(argc, argv);
+    morvane::frmMain window(morvane::RunningProgram());
+    window.Form_Load();
+    window.show();
+    QTimer::singleShot(0, &application, &QApplication::quit);
+    const int status = QApplication::exec();
+    return window.lstMap->Count() > 0 ? status : 1;
+}
