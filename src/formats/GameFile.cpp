@@ -9,10 +9,11 @@ namespace morvane {
 
 namespace {
 
-// A window that goes on where the last one ended is large; one somewhere else only holds what is asked for
-// and a little more, since the numbers there may stand alone between large blocks that nobody looks at.
-constexpr std::size_t LargeWindow = 131072;
-constexpr std::size_t SmallWindow = 4096;
+// Pages in a window. One that goes on where the last one ended is large; one somewhere else only holds what
+// is asked for and a little more, since the numbers there may stand alone between large blocks that nobody
+// looks at.
+constexpr std::size_t LargeWindow = 32;
+constexpr std::size_t SmallWindow = 2;
 constexpr std::int64_t NearGap = 2048;
 
 File OpenGameFile(const GameFolder& game, std::string_view name) {
@@ -39,15 +40,14 @@ void GameFile::Read(std::int64_t position, Bytes bytes) const {
     std::fill(bytes.begin() + static_cast<std::ptrdiff_t>(count), bytes.end(), std::uint8_t{0});
 }
 
-ConstBytes GameFile::Window(std::int64_t position, std::size_t count) {
-    const auto end = BufferStart + static_cast<std::int64_t>(Buffer.size());
-    if (position < BufferStart || position + static_cast<std::int64_t>(count) > end) {
-        const bool goesOn = !Buffer.empty() && position >= BufferStart && position < end + NearGap;
-        Buffer.resize(goesOn ? LargeWindow : SmallWindow);
-        BufferStart = position;
-        Read(position, Buffer);
-    }
-    return ConstBytes(Buffer).subspan(static_cast<std::size_t>(position - BufferStart), count);
+ConstBytes GameFile::MoveWindow(std::int64_t position, std::size_t count) {
+    const bool goesOn =
+        !Buffer.empty() && position >= BufferStart && position < BufferStart + BufferLength() + NearGap;
+    Buffer.resize(goesOn ? LargeWindow : SmallWindow);
+    const std::int64_t start = position & (static_cast<std::int64_t>(PageSize) - 1);
+    BufferStart = position - start;
+    Read(BufferStart, {Buffer.front().data(), Buffer.size() * PageSize});
+    return ConstBytes(Buffer.front().data() + start, count);
 }
 
 } // namespace morvane

@@ -3,6 +3,7 @@
 #include "File.h"
 #include "GameFolder.h"
 
+#include <array>
 #include <cstdint>
 #include <string_view>
 #include <vector>
@@ -26,7 +27,12 @@ class GameFile {
     std::int32_t Long(std::int64_t position) { return LongAt(Window(position, 4)); }
 
     /// The count bytes (1 to 4096) from a position; they stay valid until the next call.
-    ConstBytes Window(std::int64_t position, std::size_t count);
+    ConstBytes Window(std::int64_t position, std::size_t count) {
+        const std::int64_t start = position - BufferStart;
+        if (start < 0 || start + static_cast<std::int64_t>(count) > BufferLength())
+            return MoveWindow(position, count);
+        return ConstBytes(Buffer.front().data() + start, count);
+    }
 
     /// The number that the first 2 or 4 bytes hold.
     static std::uint16_t WordAt(ConstBytes bytes) {
@@ -38,8 +44,17 @@ class GameFile {
     }
 
   private:
+    // The platform copies whole pages to whole pages fastest.
+    static constexpr std::size_t PageSize = 4096;
+    struct alignas(PageSize) Page : std::array<std::uint8_t, PageSize> {};
+
+    [[nodiscard]] std::int64_t BufferLength() const {
+        return static_cast<std::int64_t>(Buffer.size() * PageSize);
+    }
+    ConstBytes MoveWindow(std::int64_t position, std::size_t count);
+
     File Opened;
-    std::vector<std::uint8_t> Buffer;
+    std::vector<Page> Buffer;
     std::int64_t BufferStart = 0;
 };
 

@@ -5,6 +5,8 @@
 #include "GameFile.h"
 
 #include <algorithm>
+#include <bit>
+#include <cstring>
 #include <memory>
 
 namespace morvane {
@@ -31,17 +33,41 @@ std::vector<ImageEntry> ReadImageHeaders(GameFile& archive, std::int64_t positio
     return images;
 }
 
-// Turns the archive's columns into rows. Square blocks keep both sides in the processor's first cache.
+static_assert(std::endian::native == std::endian::little, "the words below are read in this order of bytes");
+
+// Swaps rows and columns of 8 x 8 bytes held in 8 words, lowest byte first: by halves, quarters and single
+// bytes.
+void TransposeBlock(std::array<std::uint64_t, 8>& block) {
+    const auto exchange = [&block](std::size_t first, std::size_t second, int shift, std::uint64_t mask) {
+        const std::uint64_t differing = (block[first] >> shift ^ block[second]) & mask;
+        block[first] ^= differing << shift;
+        block[second] ^= differing;
+    };
+    for (const std::size_t i : {0, 1, 2, 3}) exchange(i, i + 4, 32, 0x00000000FFFFFFFF);
+    for (const std::size_t i : {0, 1, 4, 5}) exchange(i, i + 2, 16, 0x0000FFFF0000FFFF);
+    for (const std::size_t i : {0, 2, 4, 6}) exchange(i, i + 1, 8, 0x00FF00FF00FF00FF);
+}
+
+// Turns the archive's columns into rows, in blocks of 8 x 8 and singly at the right and bottom edges.
 void Transpose(ConstBytes columns, Bytes rows, std::size_t width, std::size_t height) {
-    constexpr std::size_t Block = 16;
-    for (std::size_t top = 0; top < height; top += Block) {
-        const std::size_t bottom = std::min(top + Block, height);
-        for (std::size_t left = 0; left < width; left += Block) {
-            const std::size_t right = std::min(left + Block, width);
-            for (std::size_t x = left; x < right; ++x)
-                for (std::size_t y = top; y < bottom; ++y) rows[y * width + x] = columns[x * height + y];
+    constexpr std::size_t Side = 8;
+    const std::size_t blocksRight = width / Side * Side;
+    const std::size_t blocksBottom = height / Side * Side;
+    std::array<std::uint64_t, Side> block{};
+    for (std::size_t top = 0; top < blocksBottom; top += Side) {
+        for (std::size_t left = 0; left < blocksRight; left += Side) {
+            for (std::size_t i = 0; i < Side; ++i)
+                std::memcpy(&block[i], columns.data() + (left + i) * height + top, Side);
+            TransposeBlock(block);
+            for (std::size_t i = 0; i < Side; ++i)
+                std::memcpy(rows.data() + (top + i) * width + left, &block[i], Side);
         }
     }
+    const auto single = [&](std::size_t x, std::size_t y) { rows[y * width + x] = columns[x * height + y]; };
+    for (std::size_t x = blocksRight; x < width; ++x)
+        for (std::size_t y = 0; y < height; ++y) single(x, y);
+    for (std::size_t y = blocksBottom; y < height; ++y)
+        for (std::size_t x = 0; x < blocksRight; ++x) single(x, y);
 }
 
 } // namespace

@@ -9,8 +9,10 @@ namespace morvane {
 namespace {
 
 void CopyTile(Picture& picture, int x, int y, const Picture& tile) {
-    for (int j = 0; j < TileSide; ++j)
-        std::memcpy(picture.At(x, y + j), tile.At(0, j), TileSide * sizeof(Pixel));
+    const Pixel* from = tile.At(0, 0);
+    Pixel* to = picture.At(x, y);
+    for (int j = 0; j < TileSide; ++j, from += TileSide, to += MapPictureSide)
+        std::memcpy(to, from, TileSide * sizeof(Pixel));
 }
 
 } // namespace
