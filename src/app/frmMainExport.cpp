@@ -102,7 +102,8 @@ void frmMain::ExportAllSounds(const std::string& folder) {
 }
 
 bool frmMain::WriteByteArray(const std::string& fileName, ConstBytes bytes, bool overwrite) {
-    if (!overwrite && AnyFileExists(fileName)) return false;
+    if (WriteNewFile(fileName, bytes)) return true;
+    if (!overwrite) return false;
     DeleteFileIfAny(fileName);
     WriteFile(fileName, bytes);
     return true;

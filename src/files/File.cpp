@@ -64,6 +64,15 @@ void File::Close() {
     if (platform::Close(std::exchange(Descriptor, -1)) < 0) throw FileSystemFailure(errno, Path);
 }
 
+bool WriteNewFile(const std::string& path, ConstBytes bytes) {
+    const int descriptor = platform::Open(path, platform::Access::New);
+    if (descriptor < 0 && errno == EEXIST) return false;
+    File file(descriptor, path);
+    file.Write(bytes);
+    file.Close();
+    return true;
+}
+
 void WriteFile(const std::string& path, ConstBytes bytes) {
     File file(platform::Open(path, platform::Access::Create), path);
     file.Write(bytes);

@@ -31,6 +31,7 @@ class File {
     [[nodiscard]] std::size_t ReadAt(std::int64_t position, Bytes bytes) const;
 
   private:
+    friend bool WriteNewFile(const std::string& path, ConstBytes bytes);
     friend void WriteFile(const std::string& path, ConstBytes bytes);
     friend void ReplaceContent(const std::string& path, ConstBytes bytes);
 
@@ -41,6 +42,10 @@ class File {
     int Descriptor;
     std::string Path;
 };
+
+/// Makes a file that holds exactly these bytes; false when there is something of that name, which stays
+/// untouched.
+bool WriteNewFile(const std::string& path, ConstBytes bytes);
 
 /// Makes a file that holds exactly these bytes and closes it; one of that name is cut to nothing first. A
 /// failure to close it counts as well.

@@ -12,6 +12,7 @@ namespace morvane::platform {
 enum class Access {
     Read,     ///< must exist
     Create,   ///< made when missing, cut to nothing when not
+    New,      ///< made; must be missing
     Overwrite ///< made when missing, otherwise written over from its start
 };
 

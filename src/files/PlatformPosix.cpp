@@ -29,6 +29,9 @@ int Open(const std::string& path, Access access) {
     case Access::Create:
         flags |= O_WRONLY | O_CREAT | O_TRUNC;
         break;
+    case Access::New:
+        flags |= O_WRONLY | O_CREAT | O_EXCL;
+        break;
     case Access::Overwrite:
         flags |= O_WRONLY | O_CREAT;
         break;

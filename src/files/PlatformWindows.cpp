@@ -1,11 +1,26 @@
 #include "Platform.h"
 
+#include <algorithm>
+#include <climits>
+#include <cstdio>
 #include <fcntl.h>
 #include <io.h>
 #include <sys/stat.h>
+
+#ifndef NOMINMAX
+#define NOMINMAX // some standard libraries have done so
+#endif
+#define WIN32_LEAN_AND_MEAN
 #include <windows.h>
 
 namespace morvane::platform {
+
+namespace {
+
+/// As many bytes as one call moves at most.
+unsigned AtOnce(std::size_t count) { return static_cast<unsigned>(std::min<std::size_t>(count, INT_MAX)); }
+
+} // namespace
 
 int Open(const std::string& path, Access access) {
     int flags = _O_BINARY | _O_NOINHERIT;
@@ -15,6 +30,9 @@ int Open(const std::string& path, Access access) {
         break;
     case Access::Create:
         flags |= _O_WRONLY | _O_CREAT | _O_TRUNC;
+        break;
+    case Access::New:
+        flags |= _O_WRONLY | _O_CREAT | _O_EXCL;
         break;
     case Access::Overwrite:
         flags |= _O_WRONLY | _O_CREAT;
@@ -29,12 +47,12 @@ int IsRegular(int descriptor) {
 
 std::int64_t ReadAt(int descriptor, std::int64_t position, void* bytes, std::size_t count) {
     if (_lseeki64(descriptor, position, SEEK_SET) < 0) return -1;
-    return _read(descriptor, bytes, static_cast<unsigned>(count));
+    return _read(descriptor, bytes, AtOnce(count));
 }
 
 std::int64_t WriteAt(int descriptor, std::int64_t position, const void* bytes, std::size_t count) {
     if (_lseeki64(descriptor, position, SEEK_SET) < 0) return -1;
-    return _write(descriptor, bytes, static_cast<unsigned>(count));
+    return _write(descriptor, bytes, AtOnce(count));
 }
 
 int Truncate(int descriptor, std::int64_t length) { return _chsize_s(descriptor, length) == 0 ? 0 : -1; }

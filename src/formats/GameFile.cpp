@@ -12,7 +12,7 @@ namespace {
 // Pages in a window. One that goes on where the last one ended is large; one somewhere else only holds what
 // is asked for and a little more, since the numbers there may stand alone between large blocks that nobody
 // looks at.
-constexpr std::size_t LargeWindow = 32;
+constexpr std::size_t LargeWindow = 64;
 constexpr std::size_t SmallWindow = 2;
 constexpr std::int64_t NearGap = 2048;
 

@@ -27,8 +27,9 @@ std::vector<ImageEntry> ReadImageHeaders(GameFile& archive, std::int64_t positio
         image.Height = header[1];
         image.Unknown1 = static_cast<std::uint32_t>(GameFile::LongAt(header.subspan(2)));
         image.Unknown2 = static_cast<std::uint32_t>(GameFile::LongAt(header.subspan(6)));
-        image.DataOffset = position + static_cast<std::int64_t>(ImageHeaderSize);
-        position = image.DataOffset + std::int64_t{image.Width} * image.Height;
+        position += static_cast<std::int64_t>(ImageHeaderSize);
+        image.DataOffset = static_cast<std::uint32_t>(position); // at most 255 images behind 2 GiB
+        position += std::int64_t{image.Width} * image.Height;
     }
     return images;
 }
@@ -43,9 +44,9 @@ void TransposeBlock(std::array<std::uint64_t, 8>& block) {
         block[first] ^= differing << shift;
         block[second] ^= differing;
     };
-    for (const std::size_t i : {0, 1, 2, 3}) exchange(i, i + 4, 32, 0x00000000FFFFFFFF);
-    for (const std::size_t i : {0, 1, 4, 5}) exchange(i, i + 2, 16, 0x0000FFFF0000FFFF);
-    for (const std::size_t i : {0, 2, 4, 6}) exchange(i, i + 1, 8, 0x00FF00FF00FF00FF);
+    for (const std::size_t i : {0U, 1U, 2U, 3U}) exchange(i, i + 4, 32, 0x00000000FFFFFFFF);
+    for (const std::size_t i : {0U, 1U, 4U, 5U}) exchange(i, i + 2, 16, 0x0000FFFF0000FFFF);
+    for (const std::size_t i : {0U, 2U, 4U, 6U}) exchange(i, i + 1, 8, 0x00FF00FF00FF00FF);
 }
 
 // Turns the archive's columns into rows, in blocks of 8 x 8 and singly at the right and bottom edges.

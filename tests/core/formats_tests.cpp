@@ -23,29 +23,39 @@ std::uint32_t NumberAt(const ByteVector& bytes, std::size_t position) {
 
 TEST(GameFolder, PathsGetOneSeparatorAndTheEpisode) {
     struct Case {
-        const char* GamePath;
+        std::string GamePath;
         const char* Name;
         int Episode;
-        const char* Path;
+        std::string Path;
     };
+#ifdef _WIN32
+    const std::string root = "D:", separator = "\\";
+#else
+    const std::string root, separator = "/";
+#endif
+    const std::string game = root + separator + "game", in = game + separator;
     for (const Case& c :
-         {Case{"/game", "GAME.PAL", EpisodeInUse, "/game/GAME.PAL"},
-          Case{"/game/", "GAME.PAL", 2, "/game/GAME.PAL"}, Case{"", "UIF.DAT", EpisodeInUse, "/UIF.DAT"},
-          Case{"/game", "IMG.%EP%", EpisodeInUse, "/game/IMG.3"}, Case{"/game", "MAP.%EP%", 2, "/game/MAP.2"},
-          Case{"/game", "MAP.%EP%", 0, "/game/MAP.0"}, Case{"/game", "%EP%-%EP%%EP%", -7, "/game/-7--7-7"},
-          Case{"/%EP%", "img.%ep%", EpisodeInUse, "/%EP%/img.%ep%"}}) {
-        const GameFolder game{c.GamePath, 3, "viewer"};
-        EXPECT_EQ(game.GameFilePath(c.Name, c.Episode), c.Path);
+         {Case{game, "GAME.PAL", EpisodeInUse, in + "GAME.PAL"}, Case{in, "GAME.PAL", 2, in + "GAME.PAL"},
+          Case{root + separator, "GAME.PAL", 1, root + separator + "GAME.PAL"},
+          Case{"", "UIF.DAT", EpisodeInUse, separator + "UIF.DAT"},
+          Case{game, "IMG.%EP%", EpisodeInUse, in + "IMG.3"}, Case{game, "MAP.%EP%", 2, in + "MAP.2"},
+          Case{game, "MAP.%EP%", 0, in + "MAP.0"}, Case{game, "%EP%-%EP%%EP%", -7, in + "-7--7-7"},
+          Case{in + "%EP%", "img.%ep%", EpisodeInUse, in + "%EP%" + separator + "img.%ep%"}}) {
+        const GameFolder folder{c.GamePath, 3, "viewer"};
+        EXPECT_EQ(folder.GameFilePath(c.Name, c.Episode), c.Path);
     }
 }
 
 TEST(GameFile, NotFoundNamesThePathAsBuilt) {
     const TempFolder folder;
-    folder.Write(".PAL", "x");
     std::filesystem::create_directory(folder / "MAP.2");
     const GameFolder game = GameIn(folder, 2);
-    for (const auto& [name, file] :
-         {std::pair{"GAME.PAL", "GAME.PAL"}, {"MAP.%EP%", "MAP.2"}, {".PAL", ".PAL"}}) {
+    std::vector<std::pair<std::string, std::string>> cases{{"GAME.PAL", "GAME.PAL"}, {"MAP.%EP%", "MAP.2"}};
+#ifndef _WIN32
+    folder.Write(".PAL", "x");
+    cases.emplace_back(".PAL", ".PAL");
+#endif
+    for (const auto& [name, file] : cases) {
         const Failure failure = FailureOf([&, n = name] { GameFile(game, n); });
         EXPECT_EQ(failure.Number, 53);
         EXPECT_EQ(failure.Source, "viewer");
@@ -152,10 +162,10 @@ TEST(ImageArchive, ReadsTheDirectory) {
     EXPECT_EQ(groups[2].Codes[0], 2);
     EXPECT_EQ(groups[2].Codes[2], 2);
     ASSERT_EQ(groups[2].Images.size(), 2U);
-    EXPECT_EQ(groups[2].Images[0].DataOffset, first + 10);
+    EXPECT_EQ(groups[2].Images[0].DataOffset, static_cast<std::uint32_t>(first + 10));
     EXPECT_EQ(groups[2].Images[0].Unknown1, 0x01020304U);
     EXPECT_EQ(groups[2].Images[0].Unknown2, 0xFFFFFFFEU);
-    EXPECT_EQ(groups[2].Images[1].DataOffset, first + 16 + 10);
+    EXPECT_EQ(groups[2].Images[1].DataOffset, static_cast<std::uint32_t>(first + 26));
     EXPECT_FALSE(groups[5].Duplicate);
     EXPECT_TRUE(groups[6].Duplicate);
     EXPECT_EQ(groups[6].Images.size(), 2U);
@@ -248,7 +258,7 @@ TEST(ImageArchive, OffsetsBeyondTheFileGiveEmptyImages) {
     ImageGroups groups;
     ReadImageArchive(GameIn(folder), groups);
     ASSERT_EQ(groups[1].Images.size(), 255U);
-    EXPECT_EQ(groups[1].Images[1].DataOffset, 0x7FFFFFFFLL + 20); // sizes of 0 x 0 behind 10-byte headers
+    EXPECT_EQ(groups[1].Images[1].DataOffset, 0x7FFFFFFFU + 20); // sizes of 0 x 0 behind 10-byte headers
     EXPECT_EQ(groups[1].Images[254].Width, 0);
     EXPECT_EQ(groups[2].Images[254].Width, 0);
     EXPECT_EQ(ReadImage(GameIn(folder), groups, 1, 254).size(), 1078U);

@@ -68,7 +68,7 @@ TEST(MapSymbols, EveryDigitHasItsColour) {
     }
     EXPECT_FALSE(MakeSymbolTile(std::string(48, '0')));
     EXPECT_FALSE(MakeSymbolTile(std::string(48, '0') + "G"));
-    EXPECT_FALSE(MakeSymbolTile(" " + std::string(48, '0')));
+    EXPECT_FALSE(MakeSymbolTile(std::string(" ").append(48, '0')));
 }
 
 TEST(MapSymbols, DefinitionsAreReadAsWritten) {

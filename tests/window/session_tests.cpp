@@ -180,7 +180,7 @@ class Session {
         for (int x = 0; x < image.Width; ++x)
             for (int y = 0; y < image.Height; ++y) {
                 const std::uint8_t index =
-                    archive[static_cast<std::size_t>(image.DataOffset + x * image.Height + y)];
+                    archive[image.DataOffset + static_cast<std::size_t>(x * image.Height + y)];
                 const PaletteEntry& color = Palette[index];
                 ASSERT_EQ(shown.pixel(x, y), qRgb(color.Red, color.Green, color.Blue));
             }
