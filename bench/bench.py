@@ -13,7 +13,7 @@ import subprocess
 import sys
 import time
 
-sys.path.insert(0, os.path.join(os.path.dirname(os.path.abspath(__file__)), '..', 'tests', 'tour'))
+sys.path.insert(0, os.path.join(os.path.dirname(os.path.abspath(__file__)), '..', 'scripts', 'tour'))
 import desktop  # noqa: E402  the virtual display of the tour
 
 GOALS = {'start': 1.25, 'memory': 1.25, 'directory': 1.1, 'image': 3, 'map': 2, 'symbols': 20, 'list': 20,

@@ -11,9 +11,9 @@ namespace morvane {
 /// The header of one image in an image archive.
 struct ImageEntry {
     std::uint32_t DataOffset = 0; ///< byte position of the first pixel byte; may lie past 2 GiB
-    std::uint8_t Width = 0;      ///< in pixels
-    std::uint8_t Height = 0;     ///< in pixels
-    std::uint32_t Unknown1 = 0;  ///< the header's two further numbers; kept, used nowhere
+    std::uint8_t Width = 0;       ///< in pixels
+    std::uint8_t Height = 0;      ///< in pixels
+    std::uint32_t Unknown1 = 0;   ///< the header's two further numbers; kept, used nowhere
     std::uint32_t Unknown2 = 0;
 };
 

@@ -11,8 +11,10 @@ import shutil
 import sys
 
 import desktop
-import model
-import random_game
+
+sys.path.append(os.path.join(os.path.dirname(os.path.abspath(__file__)), '..', '..', 'tests', 'tour'))
+import model  # noqa: E402  the second reading of the game's files
+import random_game  # noqa: E402
 
 CLIENT_HEIGHT = 488  # the menu bar stands above
 MAP_BOX = (8 + 144, 8 + 16)  # top left corners of the picture boxes in the client area
