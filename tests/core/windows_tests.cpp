@@ -36,11 +36,6 @@ TEST(Windows, HiddenAndSystemFilesCountAsAbsent) {
     ASSERT_TRUE(SetFileAttributesA(path.c_str(), FILE_ATTRIBUTE_NORMAL)); // so that it can be removed
 }
 
-TEST(Windows, NamesWithALeadingDotAreNotHidden) {
-    const TempFolder folder;
-    EXPECT_TRUE(NormalFileExists(folder.Write(".PAL", "x")));
-}
-
 TEST(Windows, AnotherCaseOfANameIsTheSameFile) {
     const TempFolder folder;
     folder.Write("img.1", ByteVector{7});
@@ -49,21 +44,6 @@ TEST(Windows, AnotherCaseOfANameIsTheSameFile) {
     EXPECT_TRUE(DeleteFileIfAny(folder / "Img.1"));
     EXPECT_EQ(FindInAnyCase(folder / "img.1"), "");
     EXPECT_EQ(FindInAnyCase(folder / "missing\\MAP.1"), "");
-}
-
-TEST(Windows, FilesThatMayNotBeWrittenAreKept) {
-    const TempFolder folder;
-    const std::string path = folder.Write("kept", "old");
-    ASSERT_TRUE(SetFileAttributesA(path.c_str(), FILE_ATTRIBUTE_READONLY));
-    const ByteVector bytes{1};
-    for (auto* write : {WriteFile, ReplaceContent}) {
-        const Failure failure = FailureOf([&] { write(path, bytes); });
-        EXPECT_EQ(failure.Number, EACCES);
-        EXPECT_TRUE(failure.Description.starts_with(path + ": ")) << failure.Description;
-    }
-    EXPECT_EQ(FailureOf([&] { DeleteFileIfAny(path); }).Number, EACCES);
-    EXPECT_EQ(TextOf(path), "old");
-    ASSERT_TRUE(SetFileAttributesA(path.c_str(), FILE_ATTRIBUTE_NORMAL)); // so that it can be removed
 }
 
 TEST(Windows, DevicesAreNoFilesToRead) {
