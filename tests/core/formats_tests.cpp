@@ -92,7 +92,7 @@ TEST(GameFile, WindowsGiveTheBytesOfTheirPlaceInAnyOrder) {
         bytes[i] = static_cast<std::uint8_t>(i * 2654435761U >> 13);
     folder.Write("GAME.PAL", bytes);
     GameFile file(GameIn(folder), "GAME.PAL");
-    for (const std::size_t step : {1, 1034, 5000, 65035})
+    for (const std::size_t step : {1U, 1034U, 5000U, 65035U})
         for (std::size_t p = 0; p + 4 < bytes.size(); p += step)
             ASSERT_EQ(file.Byte(static_cast<int>(p)), bytes[p]);
     for (std::size_t p = bytes.size() - 4; p > 4096; p -= 997)
