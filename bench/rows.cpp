@@ -35,7 +35,7 @@ encode::Image ImageOf(int side, int seed) {
 
 // A game folder whose first image archive has that many images of that size, 255 in a group.
 std::string GameOf(const std::string& name, int images, int side) {
-    const std::string folder = Scratch + "/" + name;
+    std::string folder = Scratch + "/" + name;
     if (fs::exists(folder)) return folder;
     fs::create_directories(folder);
     std::map<int, encode::Group> groups;
@@ -56,7 +56,7 @@ std::string GameOf(const std::string& name, int images, int side) {
 GameFolder InFolder(const std::string& folder) { return {folder, 1, "bench"}; }
 
 std::string DemoFolder() {
-    const std::string folder = Scratch + "/demo";
+    std::string folder = Scratch + "/demo";
     fs::create_directories(folder);
     for (const demo::GameFile& file : demo::MakeDemoGame()) WriteFile(folder + "/" + file.Name, file.Bytes);
     return folder;
@@ -72,12 +72,12 @@ void ReadPiece(const std::string& path, std::int64_t position, ByteVector& buffe
 
 void DirectoryOurs(benchmark::State& state, const std::string& folder) {
     const auto groups = std::make_unique<ImageGroups>();
-    for (auto _ : state) ReadImageArchive(InFolder(folder), *groups);
+    while (state.KeepRunning()) ReadImageArchive(InFolder(folder), *groups);
 }
 
 void DirectoryFloor(benchmark::State& state, const std::string& folder) {
     std::vector<std::uint8_t> buffer(1 << 20);
-    for (auto _ : state) {
+    while (state.KeepRunning()) {
         const int file = open((folder + "/IMG.1").c_str(), O_RDONLY | O_CLOEXEC);
         while (read(file, buffer.data(), buffer.size()) > 0) benchmark::DoNotOptimize(buffer.data());
         close(file);
@@ -87,14 +87,15 @@ void DirectoryFloor(benchmark::State& state, const std::string& folder) {
 void ImageOurs(benchmark::State& state, const std::string& folder) {
     const auto groups = std::make_unique<ImageGroups>();
     ReadImageArchive(InFolder(folder), *groups);
-    for (auto _ : state) benchmark::DoNotOptimize(PictureFromBMP(ReadImage(InFolder(folder), *groups, 1, 0)));
+    while (state.KeepRunning())
+        benchmark::DoNotOptimize(PictureFromBMP(ReadImage(InFolder(folder), *groups, 1, 0)));
 }
 
 void ImageFloor(benchmark::State& state, const std::string& folder) {
-    ByteVector pixels(255 * 255);
-    const ByteVector from(256 * 255 + 1078 + 4 * 255 * 255);
+    ByteVector pixels(std::size_t{255} * 255);
+    const ByteVector from(std::size_t{256} * 255 + 1078 + std::size_t{4} * 255 * 255);
     ByteVector to(from.size());
-    for (auto _ : state) {
+    while (state.KeepRunning()) {
         ReadPiece(folder + "/IMG.1", 48138, pixels);
         std::memcpy(to.data(), from.data(), from.size());
         benchmark::DoNotOptimize(to.data());
@@ -109,7 +110,7 @@ void MapOurs(benchmark::State& state, const std::string& folder, const std::stri
     InitSymbolColors();
     LoadMapSymbols(programFolder, 1);
     ReadMapArchive(InFolder(folder), maps);
-    for (auto _ : state) {
+    while (state.KeepRunning()) {
         ReadMapCells(InFolder(folder), maps[0], *cells);
         DrawMapCells(*cells, picture);
         benchmark::ClobberMemory();
@@ -118,9 +119,9 @@ void MapOurs(benchmark::State& state, const std::string& folder, const std::stri
 
 void MapFloor(benchmark::State& state, const std::string& folder) {
     ByteVector record(8192);
-    const std::vector<Pixel> from(448 * 448);
+    const std::vector<Pixel> from(std::size_t{448} * 448);
     std::vector<Pixel> to(from.size());
-    for (auto _ : state) {
+    while (state.KeepRunning()) {
         ReadPiece(folder + "/MAP.1", 514, record);
         std::memcpy(to.data(), from.data(), from.size() * sizeof(Pixel));
         benchmark::DoNotOptimize(to.data());
@@ -129,7 +130,7 @@ void MapFloor(benchmark::State& state, const std::string& folder) {
 }
 
 std::string SymbolFile() {
-    const std::string folder = Scratch + "/symbols";
+    std::string folder = Scratch + "/symbols";
     fs::create_directories(folder);
     std::string text;
     for (int plane = 0; plane < 2; ++plane) {
@@ -144,12 +145,12 @@ std::string SymbolFile() {
 
 void SymbolsOurs(benchmark::State& state, const std::string& folder) {
     InitSymbolColors();
-    for (auto _ : state) LoadMapSymbols(folder, 1);
+    while (state.KeepRunning()) LoadMapSymbols(folder, 1);
 }
 
 void SymbolsFloor(benchmark::State& state, const std::string& folder) {
     ByteVector text(fs::file_size(folder + "/Episode1.tsd"));
-    for (auto _ : state) {
+    while (state.KeepRunning()) {
         ReadPiece(folder + "/Episode1.tsd", 0, text);
         const auto* end = text.data() + text.size();
         int lines = 0;
@@ -163,13 +164,14 @@ void SymbolsFloor(benchmark::State& state, const std::string& folder) {
 }
 
 void ListOurs(benchmark::State& state, frmMain& window) {
-    for (auto _ : state) window.LoadMapArchive();
+    while (state.KeepRunning()) window.LoadMapArchive();
 }
 
 void ListFloor(benchmark::State& state) {
-    for (auto _ : state) {
+    while (state.KeepRunning()) {
         std::vector<std::string> texts;
-        for (int i = 0; i < 32767; ++i) texts.push_back("Map " + std::to_string(i));
+        for (int i = 0; i < 32767; ++i)
+            texts.push_back("Map " + std::to_string(i)); // NOLINT: appending is the floor
         benchmark::DoNotOptimize(texts.data());
     }
 }
@@ -197,7 +199,7 @@ struct ExportRow {
 
     void Ours(benchmark::State& state) const {
         const std::string folder = Folder("ours");
-        for (auto _ : state) {
+        while (state.KeepRunning()) {
             Prepare(folder);
             state.SetIterationTime(Seconds([&] { Run(folder); }));
         }
@@ -210,7 +212,7 @@ struct ExportRow {
             Run(from);
         }
         const std::string command = "cp -r '" + from + "/.' '" + folder + "'";
-        for (auto _ : state) {
+        while (state.KeepRunning()) {
             Prepare(folder);
             state.SetIterationTime(Seconds([&] {
                 if (std::system(command.c_str()) != 0) std::abort(); // NOLINT: the floor is that command

@@ -4,7 +4,6 @@
 #include <QLabel>
 #include <QMainWindow>
 #include <QMenuBar>
-#include <QTimer>
 
 int main(int argc, char** argv) {
     QApplication application(argc, argv);
@@ -13,6 +12,6 @@ int main(int argc, char** argv) {
     window.setCentralWidget(new QLabel);
     window.resize(617, 507);
     window.show();
-    QTimer::singleShot(0, &application, &QApplication::quit);
+    QMetaObject::invokeMethod(&application, &QApplication::quit, Qt::QueuedConnection);
     return QApplication::exec();
 }

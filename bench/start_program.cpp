@@ -3,14 +3,13 @@
 #include "frmMain.h"
 
 #include <QApplication>
-#include <QTimer>
 
 int main(int argc, char** argv) {
     QApplication application(argc, argv);
     morvane::frmMain window(morvane::RunningProgram());
     window.Form_Load();
     window.show();
-    QTimer::singleShot(0, &application, &QApplication::quit);
+    QMetaObject::invokeMethod(&application, &QApplication::quit, Qt::QueuedConnection);
     const int status = QApplication::exec();
     return window.lstMap->Count() > 0 ? status : 1;
 }
