@@ -47,7 +47,7 @@ ConstBytes GameFile::MoveWindow(std::int64_t position, std::size_t count) {
     const std::int64_t start = position & (static_cast<std::int64_t>(PageSize) - 1);
     BufferStart = position - start;
     Read(BufferStart, {Buffer.front().data(), Buffer.size() * PageSize});
-    return ConstBytes(Buffer.front().data() + start, count);
+    return {Buffer.front().data() + start, count};
 }
 
 } // namespace morvane

@@ -31,7 +31,7 @@ class GameFile {
         const std::int64_t start = position - BufferStart;
         if (start < 0 || start + static_cast<std::int64_t>(count) > BufferLength())
             return MoveWindow(position, count);
-        return ConstBytes(Buffer.front().data() + start, count);
+        return {Buffer.front().data() + start, count};
     }
 
     /// The number that the first 2 or 4 bytes hold.
