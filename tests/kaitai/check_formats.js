@@ -23,7 +23,12 @@ function install() {
     for (const name of ['package.json', 'package-lock.json'])
         fs.copyFileSync(path.join(__dirname, name), path.join(modules, name));
     const options = ['--ignore-scripts', '--no-audit', '--no-fund'];
-    child.execFileSync('npm', ['ci', ...options], { cwd: modules, stdio: 'inherit' });
+    try {
+        child.execFileSync('npm', ['ci', ...options], { cwd: modules, stdio: 'inherit' });
+    } catch {
+        console.log('The packages cannot be installed now: skipped.');
+        process.exit(77);
+    }
     fs.writeFileSync(mark, lock);
 }
 
