@@ -2,7 +2,6 @@
 
 #include "ExportNames.h"
 #include "FolderDialog.h"
-#include "GameFile.h"
 #include "MapDrawing.h"
 #include "MapSymbols.h"
 #include "MessageBox.h"
