@@ -456,7 +456,7 @@ TEST(Looks, NoTextIsCutInDarkColoursOrWithLargeFonts) {
     QApplication::setPalette(QPalette(QColor(40, 40, 40)));
     QApplication::processEvents();
     const QImage shot = window.grab().toImage();
-    shot.save("looks-dark-large.png");
+    shot.save(QApplication::applicationDirPath() + "/looks-dark-large.png");
     EXPECT_LT(shot.pixelColor(610, shot.height() - 4).lightness(), 60);
     EXPECT_LT(shot.pixelColor(50, shot.height() - 40).lightness(), 60); // the list
     QApplication::setPalette(QPalette());
