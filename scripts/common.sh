@@ -5,10 +5,7 @@ build_packages=(cmake ninja-build g++ qt6-base-dev fonts-liberation)
 # What a tour of the program without a display needs.
 tour_packages=(python3 xvfb openbox xdotool imagemagick x11-utils)
 # What the tests need besides.
-test_packages=(libgtest-dev googletest python3-mido sox file desktop-file-utils appstream "${tour_packages[@]}")
-# Node and its package manager may also come from elsewhere.
-command -v node > /dev/null || test_packages+=(nodejs)
-command -v npm > /dev/null || test_packages+=(npm)
+test_packages=(libgtest-dev googletest desktop-file-utils "${tour_packages[@]}")
 
 say() { printf '== %s\n' "$*"; }
 
