@@ -13,7 +13,8 @@ import subprocess
 import sys
 import time
 
-sys.path.insert(0, os.path.join(os.path.dirname(os.path.abspath(__file__)), '..', 'scripts', 'tour'))
+ROOT = os.path.join(os.path.dirname(os.path.abspath(__file__)), '..')
+sys.path.insert(0, os.path.join(ROOT, 'scripts', 'tour'))
 import desktop  # noqa: E402  the virtual display of the tour
 
 GOALS = {'start': 1.25, 'memory': 1.25, 'directory': 1.1, 'image': 3, 'map': 2, 'symbols': 20, 'list': 2,
@@ -82,6 +83,7 @@ def main():
     shutil.rmtree(scratch, ignore_errors=True)
     os.makedirs(scratch)
     game = os.path.join(scratch, 'demo')
+    subprocess.run([os.path.join(folder, '..', 'tools', 'make-demo-game'), os.path.join(ROOT, 'demo'), game], check=True)
     over = 0
     print('| row | ours | floor | ratio | goal | |\n|---|---|---|---|---|---|')
     for rows in (process_rows(folder, scratch), start_rows(folder, game)):

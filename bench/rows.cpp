@@ -2,7 +2,6 @@
 // what the machine needs for the bytes that must be touched. Takes the folder in which it may write as its
 // last argument.
 #include "Archives.h"
-#include "DemoGame.h"
 #include "MapDrawing.h"
 #include "PictureFromBMP.h"
 #include "frmMain.h"
@@ -54,13 +53,6 @@ std::string GameOf(const std::string& name, int images, int side) {
 }
 
 GameFolder InFolder(const std::string& folder) { return {folder, 1, "bench"}; }
-
-std::string DemoFolder() {
-    std::string folder = Scratch + "/demo";
-    fs::create_directories(folder);
-    for (const demo::GameFile& file : demo::MakeDemoGame()) WriteFile(folder + "/" + file.Name, file.Bytes);
-    return folder;
-}
 
 // Opens a file, reads that many bytes from a position into the buffer, and closes it.
 void ReadPiece(const std::string& path, std::int64_t position, ByteVector& buffer) {
@@ -247,7 +239,7 @@ std::unique_ptr<frmMain> WindowOn(const std::string& folder, const std::string& 
 
 void RegisterAll(const std::string& programFolder) {
     static std::vector<std::unique_ptr<frmMain>> windows;
-    const std::string demo = DemoFolder();
+    const std::string demo = Scratch + "/demo"; // bench.py has it packed
     const std::string big = GameOf("directory", 511 * 255, 32);
     const std::string tenth = GameOf("tenth of directory", 511 * 255 / 10, 32);
     const std::string large = GameOf("image", 255, 255);

@@ -1,10 +1,10 @@
 #!/usr/bin/env python3
 """Tours the real program in a virtual display with real keys, and saves screenshots.
 
-usage: tour.py PROGRAM-FOLDER GAME-FOLDER OUTPUT-FOLDER
+usage: tour.py PROGRAM-FOLDER GAME-FOLDER DEMO-FOLDER OUTPUT-FOLDER
 
 A copy of the program folder is driven, so that its settings stay as they are. What the window shows is compared, pixel by
-pixel, with a second reading of the game's files. Ends with a status other than 0 when anything differs.
+pixel, with a second reading of the game's files; what it exports, with the files that the game was packed from. Ends with a status other than 0 when anything differs.
 """
 import os
 import shutil
@@ -19,11 +19,13 @@ import random_game  # noqa: E402
 CLIENT_HEIGHT = 488  # the menu bar stands above
 MAP_BOX = (8 + 144, 8 + 16)  # top left corners of the picture boxes in the client area
 IMAGE_BOX = (8 + 144, 8 + 16)
+# Export All leaves out the duplicate group and all banks but the last.
+NOT_EXPORTED = ('Picture 1-046-', 'Morvane 001')
 
 
 class Tour:
-    def __init__(self, program_folder, game, output):
-        self.game, self.output = os.path.abspath(game), os.path.abspath(output)
+    def __init__(self, program_folder, game, demo, output):
+        self.game, self.demo, self.output = os.path.abspath(game), os.path.abspath(demo), os.path.abspath(output)
         shutil.rmtree(self.output, ignore_errors=True)
         self.program = os.path.join(self.output, 'program')
         shutil.copytree(program_folder, self.program, ignore=shutil.ignore_patterns('*.ini'))
@@ -38,6 +40,11 @@ class Tour:
         path = os.path.join(self.output, '%02d-%s.png' % (self.shots, name))
         desktop.shoot(path)
         print('  saved', path)
+
+    def demo_files(self, kind, prefix=''):
+        folder = os.path.join(self.demo, kind)
+        return {name: model.read(folder, name) for name in os.listdir(folder)
+                if name.startswith(prefix) and not name.startswith(NOT_EXPORTED)}
 
     def expect(self, rows, corner, what):
         """Waits until the window shows these RGB rows at a place of its client area."""
@@ -99,19 +106,21 @@ class Tour:
         g = sorted(episode.groups)[1]
         desktop.keys('Down')
         self.expect(episode.picture(g, 0), IMAGE_BOX, 'episode %d, group %d' % (episode.number, g))
+        files = self.demo_files('images', 'Picture %d-' % episode.number)
         name = 'Picture %d-%03d-01.bmp' % (episode.number, g)
-        self.export('Save Image As...', name, episode.bmp(g, 0))
-        self.export_all('images%d' % episode.number, episode.image_files())
+        self.export('Save Image As...', name, files[name])
+        self.export_all('images%d' % episode.number, files)
 
     def export_sounds(self):
         desktop.keys('ctrl+d')
         sounds, titles = model.sounds(self.game), {'InstBank': 'Instrument Bank', 'MIDI': 'MIDI', 'VOC': 'VOC'}
-        numbers = sorted(sounds)
+        numbers, files = sorted(sounds), self.demo_files('sounds')
         for label, title in titles.items():
-            number = next(n for n in numbers if sounds[n][0] == label)
+            number = max(n for n in numbers if sounds[n][0] == label)
             desktop.keys('Home', *['Down'] * numbers.index(number))
-            self.export('Save %s As...' % title, sounds[number][1], sounds[number][2])
-        self.export_all('sounds', model.sound_files(self.game))
+            name = sounds[number][1]
+            self.export('Save %s As...' % title, name, files[name])
+        self.export_all('sounds', files)
 
     def export(self, title, name, expected):
         """One single export under the proposed name, over nothing and then over a longer file."""
@@ -159,7 +168,7 @@ class Tour:
 
 
 def main():
-    tour = Tour(*sys.argv[1:4])
+    tour = Tour(*sys.argv[1:5])
     tour.desktop = desktop.Desktop()
     try:
         tour.run()

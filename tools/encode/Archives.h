@@ -23,12 +23,11 @@ struct Color {
     friend bool operator==(const Color&, const Color&) = default;
 };
 
-/// Where the colours of GAME.PAL begin.
-inline constexpr std::size_t PaletteStart = 1156;
+/// The colours of the pixel values 0 to 255.
+using Palette = std::array<Color, 256>;
 
-/// GAME.PAL: the head cut or filled with zeros to 1156 bytes, 256 triples red, green, blue, then the tail.
-ByteVector EncodePalette(const std::array<Color, 256>& colors, std::span<const std::uint8_t> head = {},
-                         std::span<const std::uint8_t> tail = {});
+/// GAME.PAL: 1156 bytes of zeros, then 256 triples red, green, blue.
+ByteVector EncodePalette(const Palette& colors);
 
 /// One image. Pixels are row-major, top row first, Width x Height of them; fewer leave the file short of the
 /// rest.
@@ -38,6 +37,8 @@ struct Image {
     std::uint32_t Unknown1 = 0;
     std::uint32_t Unknown2 = 0;
     ByteVector Pixels;
+
+    friend bool operator==(const Image&, const Image&) = default;
 };
 
 /// One group of images.
@@ -50,19 +51,14 @@ struct Group {
 };
 
 /// IMG.n: the directory (512 offsets, 512 code records of 90 bytes) and the images in ascending group number,
-/// behind one another. Groups not given (only 1 to 511 count) have offset 0 and a code record of zeros.
+/// behind one another. Groups are numbered from 1 to 511; those not given have offset 0 and a code record of
+/// zeros.
 ByteVector EncodeImageArchive(const std::map<int, Group>& groups);
-
-/// The bytes of one image record: a header of 10 bytes and the pixels column by column, each from top to
-/// bottom.
-ByteVector EncodeImage(const Image& image);
 
 /// One cell of a map.
 struct MapCell {
     std::uint8_t Plane0 = 0;
     std::uint8_t Plane1 = 0;
-
-    friend bool operator==(const MapCell&, const MapCell&) = default;
 };
 
 /// A map of 64 rows of 64 cells, row-major.
