@@ -68,6 +68,7 @@ void PackImages(const std::string& folder, Game& game) {
         group.Codes[0] = static_cast<std::uint8_t>(groupNumber % 256);
         group.Codes[1] = static_cast<std::uint8_t>(groupNumber / 256);
     });
+    Require(!first.empty(), folder + ": has no pictures");
     game["GAME.PAL"] = encode::EncodePalette(palette);
     for (auto& [episode, groups] : episodes) {
         // A group of the same images as the group one number lower is stored as its duplicate.
