@@ -5,7 +5,7 @@ build_packages=(cmake ninja-build g++ qt6-base-dev fonts-liberation)
 # What a tour of the program without a display needs.
 tour_packages=(python3 xvfb openbox xdotool imagemagick x11-utils)
 # What the tests need besides.
-test_packages=(libgtest-dev googletest desktop-file-utils "${tour_packages[@]}")
+test_packages=(libgtest-dev googletest "${tour_packages[@]}")
 
 say() { printf '== %s\n' "$*"; }
 

@@ -122,7 +122,7 @@ void MakeGame(const std::string& demo, const std::string& folder) {
     game["UIF.DAT"] = encode::EncodeEntryTable(parts, encode::InterfaceEntryCount);
 
     std::filesystem::create_directories(folder);
-    for (const auto& [name, bytes] : game) WriteFile(JoinPath(folder, name), bytes);
+    for (const auto& [name, bytes] : game) WriteByteArray(JoinPath(folder, name), bytes, true);
 }
 
 } // namespace

@@ -1,12 +1,11 @@
 #include "frmMain.h"
 
-#include "ExportNames.h"
-#include "FolderDialog.h"
 #include "MapDrawing.h"
-#include "MapSymbols.h"
 #include "MessageBox.h"
-#include "Palette.h"
-#include "PictureFromBMP.h"
+#include "PaletteFile.h"
+#include "modBrowseForFolder.h"
+#include "modMapSymbols.h"
+#include "modPicture.h"
 
 #include <QCloseEvent>
 
@@ -18,15 +17,15 @@ namespace morvane {
 namespace {
 
 // The exception being handled, as the record of an error.
-Failure CurrentFailure(const std::string& source) {
+Failure CurrentFailure() {
     try {
         throw;
     } catch (const Failure& failure) {
         return failure;
     } catch (const std::bad_alloc&) {
-        return {OutOfMemoryError, source, "Out of memory"};
+        return {OutOfMemoryError, "Out of memory"};
     } catch (const std::exception& error) {
-        return {InternalError, source, error.what()};
+        return {InternalError, error.what()};
     }
 }
 
@@ -42,25 +41,12 @@ std::string CodesText(const std::array<std::uint8_t, 90>& codes) {
     return text;
 }
 
-const char* ListLabel(SoundKind kind) {
-    switch (kind) {
-    case SoundKind::InstBank:
-        return "InstBank ";
-    case SoundKind::Midi:
-        return "MIDI ";
-    case SoundKind::Voc:
-        return "VOC ";
-    case SoundKind::None:
-        break;
-    }
-    return "";
-}
+// What the entries of the sound list begin with, by kind.
+constexpr std::array ListLabels{"", "InstBank ", "MIDI ", "VOC "};
 
 } // namespace
 
-frmMain::frmMain(Program program)
-    : ThisProgram(std::move(program)), MapPicture(MapPictureSide, MapPictureSide) {
-    Game.ProgramName = ThisProgram.BaseName;
+frmMain::frmMain(Program program) : ThisProgram(std::move(program)) {
     BuildWidgets();
     BuildMenus();
     ConnectLists();
@@ -78,8 +64,8 @@ void frmMain::Form_Load() {
         ui::ShowMessageBox(this, title, text, ui::BoxIcon::Critical);
     });
     FromUser([this] { SettingsFile->LoadINI(JoinPath(ThisProgram.Folder, ThisProgram.BaseName + ".ini")); });
-    Game.GamePath = SettingsFile->ReadString("Settings", "OpenPath");
-    if (Game.GamePath.empty())
+    Game.Folder.GamePath = SettingsFile->ReadString("Settings", "OpenPath");
+    if (Game.Folder.GamePath.empty())
         FromUser([this] { mnuFileOpen_Click(); });
     else
         OpenGameFolder();
@@ -95,9 +81,10 @@ void frmMain::closeEvent(QCloseEvent* event) {
 void frmMain::mnuFileExit_Click() { close(); }
 
 void frmMain::mnuFileOpen_Click() {
-    const std::string folder = ui::BrowseForFolder(Game.GamePath, this, "Select the Morvane Folder", false);
-    if (folder.empty()) return;
-    Game.GamePath = folder;
+    const std::string folder =
+        ui::BrowseForFolder(Game.Folder.GamePath, this, "Select the Morvane Folder", false);
+    if (folder.empty() || !SettingsFile) return; // the window may have been closed under the dialog
+    Game.Folder = {folder, Game.Folder.CurrentEpisode};
     OpenGameFolder();
 }
 
@@ -108,7 +95,7 @@ bool frmMain::OpenGameFolder() {
         LoadGame();
         complete = true;
     } catch (...) {
-        PendingError = CurrentFailure(ThisProgram.BaseName);
+        PendingError = CurrentFailure();
     }
     busy.Restore();
     ReportError();
@@ -117,24 +104,25 @@ bool frmMain::OpenGameFolder() {
 
 void frmMain::LoadGame() {
     EnableControls(false);
-    LoadPalette(Game);
-    LoadInterfaceFile(Game, InterfaceEntries);
+    LoadPalette(Game.Folder);
+    LoadInterfaceFile(Game.Folder, Game.InterfaceEntries);
     LoadSoundArchive();
     mnuViewEpisode[0]->setEnabled(true);
     mnuViewEpisode_Click(0);
     for (const int episode : {2, 3})
         mnuViewEpisode[static_cast<std::size_t>(episode - 1)]->setEnabled(
-            FileExists(Game.GameFilePath("IMG.%EP%", episode)) &&
-            FileExists(Game.GameFilePath("MAP.%EP%", episode)));
+            Game.Folder.FileExists(Game.Folder.GameFilePath("IMG.%EP%", episode)) &&
+            Game.Folder.FileExists(Game.Folder.GameFilePath("MAP.%EP%", episode)));
     EnableControls(true);
     mnuViewFrame_Click(0);
-    SettingsFile->WriteValue("Settings", "OpenPath", Game.GamePath);
+    SettingsFile->WriteValue("Settings", "OpenPath", Game.Folder.GamePath);
 }
 
 void frmMain::mnuViewEpisode_Click(int index) {
-    Game.CurrentEpisode = index + 1;
+    Game.Folder.CurrentEpisode = index + 1;
     for (int i = 0; QAction * item : mnuViewEpisode) item->setChecked(i++ == index);
-    if (LoadMapSymbols(ThisProgram.Folder, Game.CurrentEpisode) && LoadImageArchive() && LoadMapArchive())
+    if (LoadMapSymbols(ThisProgram.Folder, Game.Folder.CurrentEpisode) && LoadImageArchive() &&
+        LoadMapArchive())
         return;
     mnuViewEpisode[static_cast<std::size_t>(index)]->setEnabled(false);
     EnableControls(false);
@@ -148,7 +136,7 @@ void frmMain::EnableControls(bool enabled) {
     if (enabled) return;
     picMap->Remove();
     pic->Remove();
-    for (ui::ListBox* list : {lstMap, lstGroup, lstImage, lstSound}) list->Clear();
+    for (ui::ListBox* list : {lstMap, lstGroup, lstImage, lstSound}) list->clear();
 }
 
 void frmMain::mnuViewFrame_Click(int index) {
@@ -164,38 +152,41 @@ void frmMain::mnuViewFrame_Click(int index) {
 }
 
 void frmMain::LoadSoundArchive() {
-    lstSound->Clear();
-    ReadSoundArchive(Game, SoundEntries);
+    lstSound->clear();
+    ReadSoundArchive(Game.Folder, Game.SoundEntries);
     std::vector<ui::ListItem> items;
-    for (int n = 0; const SoundEntry& entry : SoundEntries) {
-        if (entry.Kind != SoundKind::None) items.push_back({ListLabel(entry.Kind) + std::to_string(n), n});
+    for (int n = 0; const SoundEntry& entry : Game.SoundEntries) {
+        const std::string label = ListLabels.at(static_cast<std::size_t>(entry.Kind));
+        if (entry.Kind != SoundKind::None) items.push_back({label + std::to_string(n), n});
         ++n;
     }
-    lstSound->SetItems(std::move(items));
-    if (lstSound->Count() > 0) lstSound->Select(0);
+    lstSound->SetItems(items);
+    if (!items.empty()) lstSound->Select(0);
 }
 
 bool frmMain::LoadImageArchive() {
-    lstGroup->Clear();
-    ReadImageArchive(Game, Groups);
+    lstGroup->clear();
+    pic->Remove(); // a first group without images leaves what is shown
+    ReadImageArchive(Game.Folder, Game.Groups);
     std::vector<ui::ListItem> items;
-    for (int g = 0; const ImageGroup& group : Groups) {
+    for (int g = 0; const ImageGroup& group : Game.Groups) {
         if (group.Offset > 0 && !group.Duplicate) items.push_back({"Group " + std::to_string(g), g});
         ++g;
     }
-    lstGroup->SetItems(std::move(items));
-    if (lstGroup->Count() == 0) return false;
+    lstGroup->SetItems(items);
+    if (items.empty()) return false;
     lstGroup->Select(0);
     return true;
 }
 
 bool frmMain::LoadMapArchive() {
-    lstMap->Clear();
-    ReadMapArchive(Game, MapDirectory);
+    lstMap->clear();
+    ReadMapArchive(Game.Folder, Game.MapDirectory);
     std::vector<ui::ListItem> items;
-    for (std::size_t i = 0; i < MapDirectory.size(); ++i) items.push_back({"Map " + std::to_string(i), 0});
-    lstMap->SetItems(std::move(items));
-    if (lstMap->Count() == 0) return false;
+    for (std::size_t i = 0; i < Game.MapDirectory.size(); ++i)
+        items.push_back({"Map " + std::to_string(i), 0});
+    lstMap->SetItems(items);
+    if (items.empty()) return false;
     lstMap->Select(0);
     return true;
 }
@@ -205,40 +196,43 @@ void frmMain::lstMap_Click() { DrawMap(); }
 void frmMain::DrawMap() {
     const int map = lstMap->ListIndex();
     if (map < 0) return;
-    ReadMapCells(Game, MapDirectory.at(static_cast<std::size_t>(map)), MapCells);
-    DrawMapCells(MapCells, MapPicture);
-    picMap->Show(MapPicture.Pixels().data(), MapPicture.Width(), MapPicture.Height(),
-                 "Map " + std::to_string(map));
+    ReadMapCells(Game.Folder, Game.MapDirectory.at(static_cast<std::size_t>(map)), Game.MapCells);
+    Picture picture = DrawMapCells(Game.MapCells);
+    picMap->Show(picture.Release(), picture.Width(), picture.Height(), "Map " + std::to_string(map));
 }
 
 void frmMain::lstGroup_Click() {
-    lstImage->Clear();
+    lstImage->clear();
     if (lstGroup->ListIndex() < 0) return;
-    const std::size_t count = Groups[static_cast<std::size_t>(lstGroup->SelectedData())].Images.size();
+    const ImageGroup& group = Game.Groups[static_cast<std::size_t>(lstGroup->SelectedData())];
     std::vector<ui::ListItem> items;
-    for (std::size_t k = 0; k < count; ++k) items.push_back({std::to_string(k), 0});
-    lstImage->SetItems(std::move(items));
-    if (lstImage->Count() > 0) lstImage->Select(0);
+    for (std::size_t k = 0; k < group.Images.size(); ++k) items.push_back({std::to_string(k), 0});
+    lstImage->SetItems(items);
+    if (!items.empty()) lstImage->Select(0);
 }
 
 void frmMain::lstImage_Click() {
     if (lstGroup->ListIndex() < 0 || lstImage->ListIndex() < 0) return;
     const int group = lstGroup->SelectedData();
-    std::vector<std::uint8_t> file = ReadImage(Game, Groups, group, lstImage->ListIndex());
+    const int image = lstImage->ListIndex();
+    std::vector<std::uint8_t> file = ReadImage(Game.Folder, Game.Groups, group, image);
     Picture picture = PictureFromBMP(file);
+    // All that can fail comes before the first change.
+    const std::string description = "Group " + std::to_string(group) + " image " + std::to_string(image) +
+                                    ", " + std::to_string(picture.Width()) + " x " +
+                                    std::to_string(picture.Height());
+    const QString codes =
+        QString::fromStdString(CodesText(Game.Groups[static_cast<std::size_t>(group)].Codes));
     CurrentImageFile = std::move(file);
-    ImagePicture = std::move(picture);
-    pic->Show(ImagePicture.Pixels().data(), ImagePicture.Width(), ImagePicture.Height(),
-              "Group " + std::to_string(group) + " image " + std::to_string(lstImage->ListIndex()) + ", " +
-                  std::to_string(ImagePicture.Width()) + " x " + std::to_string(ImagePicture.Height()));
-    txt->setPlainText(QString::fromStdString(CodesText(Groups[static_cast<std::size_t>(group)].Codes)));
+    pic->Show(picture.Release(), picture.Width(), picture.Height(), description);
+    txt->setPlainText(codes);
 }
 
 void frmMain::FromUser(const std::function<void()>& command, const std::function<void()>& undo) noexcept {
     try {
         command();
     } catch (...) {
-        PendingError = CurrentFailure(ThisProgram.BaseName);
+        PendingError = CurrentFailure();
         if (undo) undo();
         ReportError();
     }

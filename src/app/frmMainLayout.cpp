@@ -29,7 +29,7 @@ void frmMain::BuildWidgets() {
     setWindowTitle("Morvane Extractor");
     QIcon icon;
     for (const char* image : {":/icons/16.png", ":/icons/32.png"}) icon.addFile(image);
-    setWindowIcon(icon);
+    QApplication::setWindowIcon(icon); // dialogs of start-up stand alone
 
     auto* client = new Client(this);
     client->setFont(ui::WindowFont());
@@ -85,34 +85,43 @@ ui::PictureBox* frmMain::AddPictureBox(QWidget* frame, const char* name, QRect p
 
 void frmMain::BuildMenus() {
     menuBar()->setNativeMenuBar(false);
-    mnuFile.emplace(menuBar(), "&File");
-    mnuFile->AddItem("&Open", "Ctrl+O", [this] { FromUser([this] { mnuFileOpen_Click(); }); });
+    // An item whose command is run as one of the user's, and which ends as `undo` says when that fails.
+    const auto add = [this](ui::Menu& menu, const QString& name, const char* caption, const char* shortcut,
+                            std::function<void()> command, std::function<void()> undo = {}) {
+        return menu.AddItem(
+            name, caption, shortcut,
+            [this, command = std::move(command), undo = std::move(undo)] { FromUser(command, undo); });
+    };
+    mnuFile.emplace(menuBar(), "mnuFile", "&File");
+    add(*mnuFile, "mnuFileOpen", "&Open", "Ctrl+O", [this] { mnuFileOpen_Click(); });
     mnuFile->AddSeparator();
-    mnuFileExport =
-        mnuFile->AddItem("&Export", nullptr, [this] { FromUser([this] { mnuFileExport_Click(); }); });
+    mnuFileExport = add(*mnuFile, "mnuFileExport", "&Export", nullptr, [this] { mnuFileExport_Click(); });
     mnuFileExportAll =
-        mnuFile->AddItem("Export All", nullptr, [this] { FromUser([this] { mnuFileExportAll_Click(); }); });
+        add(*mnuFile, "mnuFileExportAll", "Export All", nullptr, [this] { mnuFileExportAll_Click(); });
     mnuFile->AddSeparator();
-    mnuFile->AddItem("E&xit", nullptr, [this] { FromUser([this] { mnuFileExit_Click(); }); });
+    add(*mnuFile, "mnuFileExit", "E&xit", nullptr, [this] { mnuFileExit_Click(); });
 
-    mnuView.emplace(menuBar(), "&View");
-    constexpr std::array<std::pair<const char*, const char*>, 3> Episodes{
+    mnuView.emplace(menuBar(), "mnuView", "&View");
+    constexpr std::array<std::array<const char*, 2>, 3> Episodes{
         {{"Episode &1", "Ctrl+Shift+F1"}, {"Episode &2", "Ctrl+Shift+F2"}, {"Episode &3", "Ctrl+Shift+F3"}}};
-    constexpr std::array<std::pair<const char*, const char*>, 3> Frames{
+    constexpr std::array<std::array<const char*, 2>, 3> Frames{
         {{"&Maps", "Ctrl+M"}, {"&Walls/Sprites", "Ctrl+W"}, {"&Sounds", "Ctrl+D"}}};
-    for (std::size_t i = 0; i < Episodes.size(); ++i) {
-        mnuViewEpisode[i] = mnuView->AddItem(Episodes[i].first, Episodes[i].second, [this, i] {
-            FromUser([this, i] { mnuViewEpisode_Click(static_cast<int>(i)); });
-        });
-        mnuViewEpisode[i]->setCheckable(true);
-        mnuViewEpisode[i]->setEnabled(i == 0);
+    for (int i = 0; QAction * &item : mnuViewEpisode) {
+        const auto& [caption, shortcut] = Episodes[static_cast<std::size_t>(i)];
+        // What fails leaves the tables of two episodes.
+        item = add(
+            *mnuView, "mnuViewEpisode" + QString::number(i), caption, shortcut,
+            [this, i] { mnuViewEpisode_Click(i); }, [this] { EnableControls(false); });
+        item->setCheckable(true);
+        item->setEnabled(i++ == 0);
     }
     mnuView->AddSeparator();
-    for (std::size_t i = 0; i < Frames.size(); ++i) {
-        mnuViewFrame[i] = mnuView->AddItem(Frames[i].first, Frames[i].second, [this, i] {
-            FromUser([this, i] { mnuViewFrame_Click(static_cast<int>(i)); });
-        });
-        mnuViewFrame[i]->setCheckable(true);
+    for (int i = 0; QAction * &item : mnuViewFrame) {
+        const auto& [caption, shortcut] = Frames[static_cast<std::size_t>(i)];
+        item = add(*mnuView, "mnuViewFrame" + QString::number(i), caption, shortcut,
+                   [this, i] { mnuViewFrame_Click(i); });
+        item->setCheckable(true);
+        ++i;
     }
 }
 

@@ -7,12 +7,15 @@
 
 namespace morvane {
 
+Failure::Failure(std::int32_t number, std::string description)
+    : Failure(number, RunningProgram().BaseName, std::move(description)) {}
+
 Failure::Failure(std::int32_t number, std::string source, std::string description)
     : Number(number), Source(std::move(source)), Description(std::move(description)) {}
 
 Failure FileSystemFailure(int platformNumber, const std::string& path) {
     const std::string text = std::generic_category().message(platformNumber);
-    return {platformNumber, RunningProgram().BaseName, path.empty() ? text : path + ": " + text};
+    return {platformNumber, path.empty() ? text : path + ": " + text};
 }
 
 } // namespace morvane

@@ -9,6 +9,8 @@ namespace morvane {
 /// The record of an error, raised where something fails and carried up to whoever reports it.
 class Failure : public std::exception {
   public:
+    /// The source is the running program, unless another one is given.
+    Failure(std::int32_t number, std::string description);
     Failure(std::int32_t number, std::string source, std::string description);
 
     [[nodiscard]] const char* what() const noexcept override { return Description.c_str(); }

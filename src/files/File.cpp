@@ -9,30 +9,72 @@
 
 namespace morvane {
 
-File::File(int descriptor, std::string path) : Descriptor(descriptor), Path(std::move(path)) {
-    if (Descriptor < 0) throw FileSystemFailure(errno, Path);
-}
+namespace {
+
+/// A file that is being written.
+class WrittenFile {
+  public:
+    /// Takes a descriptor over; a negative one is the failure to get it.
+    WrittenFile(const std::string& path, int descriptor) : Path(path), Descriptor(descriptor) {
+        Check(Descriptor);
+    }
+    WrittenFile(const WrittenFile&) = delete;
+    WrittenFile& operator=(const WrittenFile&) = delete;
+    ~WrittenFile() {
+        if (Descriptor >= 0) platform::Close(Descriptor);
+    }
+
+    void RequireRegular() const {
+        const int regular = platform::IsRegular(Descriptor);
+        Check(regular);
+        if (regular == 0) throw FileSystemFailure(EINVAL, Path);
+    }
+    void Write(ConstBytes bytes) const {
+        std::size_t done = 0;
+        while (done < bytes.size()) {
+            const std::int64_t count = platform::WriteAt(Descriptor, static_cast<std::int64_t>(done),
+                                                         bytes.data() + done, bytes.size() - done);
+            Check(count);
+            if (count == 0) throw FileSystemFailure(EIO, Path);
+            done += static_cast<std::size_t>(count);
+        }
+    }
+    void CutTo(std::size_t length) const {
+        Check(platform::Truncate(Descriptor, static_cast<std::int64_t>(length)));
+    }
+    void Close() { Check(platform::Close(std::exchange(Descriptor, -1))); }
+
+  private:
+    void Check(std::int64_t result) const {
+        if (result < 0) throw FileSystemFailure(errno, Path);
+    }
+
+    const std::string& Path;
+    int Descriptor;
+};
+
+} // namespace
 
 File::File(File&& other) noexcept
-    : Descriptor(std::exchange(other.Descriptor, -1)), Path(std::move(other.Path)) {}
+    : Path(std::move(other.Path)), Descriptor(std::exchange(other.Descriptor, -1)) {}
 
 File::~File() {
     if (Descriptor >= 0) platform::Close(Descriptor);
 }
 
-std::optional<File> File::OpenForReading(const std::string& path) {
+std::optional<File> File::OpenNormal(const std::string& path) {
     // The usual case, a file that is there, costs no look beforehand.
     if (platform::IsHidden(path)) return std::nullopt;
-    const int descriptor = platform::Open(path, platform::Access::Read);
-    if (descriptor < 0) {
+    File file(path);
+    file.Descriptor = platform::Open(path, platform::Access::Read);
+    if (file.Descriptor < 0) {
         const int number = errno;
-        if (!NormalFileExists(path)) return std::nullopt;
+        if (!IsNormalFile(path)) return std::nullopt;
         throw FileSystemFailure(number, path);
     }
-    std::optional<File> file(File(descriptor, path));
-    const int regular = platform::IsRegular(descriptor);
+    const int regular = platform::IsRegular(file.Descriptor);
     if (regular < 0) throw FileSystemFailure(errno, path);
-    if (regular == 0) file.reset();
+    if (regular == 0) return std::nullopt;
     return file;
 }
 
@@ -48,52 +90,25 @@ std::size_t File::ReadAt(std::int64_t position, Bytes bytes) const {
     return done;
 }
 
-void File::Write(ConstBytes bytes) {
-    const int regular = platform::IsRegular(Descriptor);
-    if (regular <= 0) throw FileSystemFailure(regular < 0 ? errno : EINVAL, Path);
-    std::size_t done = 0;
-    while (done < bytes.size()) {
-        const std::int64_t count = platform::WriteAt(Descriptor, static_cast<std::int64_t>(done),
-                                                     bytes.data() + done, bytes.size() - done);
-        if (count <= 0) throw FileSystemFailure(count < 0 ? errno : EIO, Path);
-        done += static_cast<std::size_t>(count);
+void WriteInPlace(const std::string& path, ConstBytes bytes) {
+    WrittenFile file(path, platform::Open(path, platform::Access::Overwrite));
+    file.RequireRegular();
+    file.Write(bytes);
+    file.CutTo(bytes.size());
+    file.Close();
+}
+
+bool WriteByteArray(const std::string& fileName, ConstBytes bytes, bool overwrite) {
+    int descriptor = platform::Open(fileName, platform::Access::New);
+    if (descriptor < 0 && errno == EEXIST) {
+        if (!overwrite) return false;
+        if (platform::Delete(fileName) < 0) throw FileSystemFailure(errno, fileName);
+        descriptor = platform::Open(fileName, platform::Access::New);
     }
-}
-
-void File::Close() {
-    if (platform::Close(std::exchange(Descriptor, -1)) < 0) throw FileSystemFailure(errno, Path);
-}
-
-bool WriteNewFile(const std::string& path, ConstBytes bytes) {
-    const int descriptor = platform::Open(path, platform::Access::New);
-    if (descriptor < 0 && errno == EEXIST) return false;
-    File file(descriptor, path);
+    WrittenFile file(fileName, descriptor);
     file.Write(bytes);
     file.Close();
     return true;
 }
-
-void WriteFile(const std::string& path, ConstBytes bytes) {
-    File file(platform::Open(path, platform::Access::Create), path);
-    file.Write(bytes);
-    file.Close();
-}
-
-void ReplaceContent(const std::string& path, ConstBytes bytes) {
-    File file(platform::Open(path, platform::Access::Overwrite), path);
-    file.Write(bytes);
-    if (platform::Truncate(file.Descriptor, static_cast<std::int64_t>(bytes.size())) < 0)
-        throw FileSystemFailure(errno, path);
-    file.Close();
-}
-
-bool DeleteFileIfAny(const std::string& path) {
-    if (platform::Delete(path) == 0) return true;
-    const int number = errno;
-    if (AnyFileExists(path)) throw FileSystemFailure(number, path);
-    return false;
-}
-
-bool AnyFileExists(const std::string& path) { return platform::IsOtherThanFolder(path); }
 
 } // namespace morvane

@@ -11,14 +11,12 @@ namespace morvane {
 using Bytes = std::span<std::uint8_t>;
 using ConstBytes = std::span<const std::uint8_t>;
 
-/// An open regular file, closed when it goes out of scope. Reading and writing continue after interruptions
-/// and short transfers; what fails raises a Failure with the platform's number and the path in its
-/// description.
+/// A normal file that is open for reading, closed when it goes out of scope.
 class File {
   public:
-    /// Opens a normal file for reading. Nothing when there is none of exactly this path (see
-    /// NormalFileExists); fails when there is one that cannot be opened.
-    static std::optional<File> OpenForReading(const std::string& path);
+    /// Opens a file for reading. Returns nothing when there is no normal file of exactly this path (see
+    /// IsNormalFile). Fails when there is one that cannot be opened.
+    static std::optional<File> OpenNormal(const std::string& path);
 
     File(File&& other) noexcept;
     File& operator=(File&&) = delete;
@@ -26,39 +24,26 @@ class File {
     File& operator=(const File&) = delete;
     ~File();
 
-    /// Reads from a byte position (0 or more) as many bytes as the file has there, at most as many as fit;
-    /// how many.
+    /// Fills `bytes` from `position`, which is 0 or more. Returns the number of bytes read, fewer at the end
+    /// of the file. Fails with the platform's number and the path in the description.
     [[nodiscard]] std::size_t ReadAt(std::int64_t position, Bytes bytes) const;
 
   private:
-    friend bool WriteNewFile(const std::string& path, ConstBytes bytes);
-    friend void WriteFile(const std::string& path, ConstBytes bytes);
-    friend void ReplaceContent(const std::string& path, ConstBytes bytes);
+    explicit File(std::string path) : Path(std::move(path)) {}
 
-    File(int descriptor, std::string path);
-    void Write(ConstBytes bytes);
-    void Close();
-
-    int Descriptor;
     std::string Path;
+    int Descriptor = -1;
 };
 
-/// Makes a file that holds exactly these bytes; false when there is something of that name, which stays
-/// untouched.
-bool WriteNewFile(const std::string& path, ConstBytes bytes);
+// Writers. What fails raises a Failure with the platform's number and the path in its description; a failure
+// to close the file counts as well.
 
-/// Makes a file that holds exactly these bytes and closes it; one of that name is cut to nothing first. A
-/// failure to close it counts as well.
-void WriteFile(const std::string& path, ConstBytes bytes);
+/// Writes the bytes over those of a file and only then cuts off the rest, so that a disk which takes no more
+/// bytes leaves the old content. Creates the file when there is none.
+void WriteInPlace(const std::string& path, ConstBytes bytes);
 
-/// Gives a file exactly these bytes, writing over the old ones before the rest is cut off, so that a disk
-/// which takes no more bytes leaves the old content; makes the file when there is none.
-void ReplaceContent(const std::string& path, ConstBytes bytes);
-
-/// Deletes the file of that name; false when there is none (a folder does not count).
-bool DeleteFileIfAny(const std::string& path);
-
-/// True when there is anything of that name but a folder, hidden files and links that lead nowhere included.
-bool AnyFileExists(const std::string& path);
+/// Writes a new file: deletes what has that name, creates it, writes and closes it. Returns false when there
+/// is something of that name and `overwrite` is false; it is then left alone.
+bool WriteByteArray(const std::string& fileName, ConstBytes bytes, bool overwrite);
 
 } // namespace morvane

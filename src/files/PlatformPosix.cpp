@@ -1,10 +1,15 @@
+#include "Paths.h"
 #include "Platform.h"
 
+#include <array>
 #include <cerrno>
 #include <csignal>
 #include <fcntl.h>
+#include <filesystem>
 #include <sys/stat.h>
 #include <unistd.h>
+
+const char morvane::PathSeparator = '/';
 
 namespace morvane::platform {
 
@@ -21,21 +26,8 @@ auto Continued(Call call) {
 
 int Open(const std::string& path, Access access) {
     // O_NONBLOCK keeps a pipe or device of that name from stopping the program; regular files do not heed it.
-    int flags = O_CLOEXEC | O_NONBLOCK;
-    switch (access) {
-    case Access::Read:
-        flags |= O_RDONLY;
-        break;
-    case Access::Create:
-        flags |= O_WRONLY | O_CREAT | O_TRUNC;
-        break;
-    case Access::New:
-        flags |= O_WRONLY | O_CREAT | O_EXCL;
-        break;
-    case Access::Overwrite:
-        flags |= O_WRONLY | O_CREAT;
-        break;
-    }
+    constexpr std::array Flags{O_RDONLY, O_WRONLY | O_CREAT | O_EXCL, O_WRONLY | O_CREAT};
+    const int flags = Flags.at(static_cast<std::size_t>(access)) | O_CLOEXEC | O_NONBLOCK;
     return Continued([&] { return open(path.c_str(), flags, 0666); });
 }
 
@@ -78,9 +70,13 @@ bool IsNormalFile(const std::string& path) {
            S_ISREG(status.st_mode);
 }
 
-bool IsOtherThanFolder(const std::string& path) {
-    struct stat status {};
-    return Continued([&] { return lstat(path.c_str(), &status); }) == 0 && !S_ISDIR(status.st_mode);
+std::vector<std::string> NamesToCompare(const std::string& folder) {
+    std::vector<std::string> names;
+    std::error_code error;
+    std::filesystem::directory_iterator entry(folder.empty() ? "." : folder, error);
+    for (; !error && entry != std::filesystem::directory_iterator(); entry.increment(error))
+        names.push_back(entry->path().filename().string());
+    return names;
 }
 
 std::string ProgramPath() {

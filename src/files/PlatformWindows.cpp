@@ -1,6 +1,8 @@
+#include "Paths.h"
 #include "Platform.h"
 
 #include <algorithm>
+#include <array>
 #include <climits>
 #include <cstdio>
 #include <fcntl.h>
@@ -13,6 +15,8 @@
 #define WIN32_LEAN_AND_MEAN
 #include <windows.h>
 
+const char morvane::PathSeparator = '\\';
+
 namespace morvane::platform {
 
 namespace {
@@ -23,21 +27,8 @@ unsigned AtOnce(std::size_t count) { return static_cast<unsigned>(std::min<std::
 } // namespace
 
 int Open(const std::string& path, Access access) {
-    int flags = _O_BINARY | _O_NOINHERIT;
-    switch (access) {
-    case Access::Read:
-        flags |= _O_RDONLY;
-        break;
-    case Access::Create:
-        flags |= _O_WRONLY | _O_CREAT | _O_TRUNC;
-        break;
-    case Access::New:
-        flags |= _O_WRONLY | _O_CREAT | _O_EXCL;
-        break;
-    case Access::Overwrite:
-        flags |= _O_WRONLY | _O_CREAT;
-        break;
-    }
+    constexpr std::array Flags{_O_RDONLY, _O_WRONLY | _O_CREAT | _O_EXCL, _O_WRONLY | _O_CREAT};
+    const int flags = Flags.at(static_cast<std::size_t>(access)) | _O_BINARY | _O_NOINHERIT;
     return _open(path.c_str(), flags, _S_IREAD | _S_IWRITE);
 }
 
@@ -73,10 +64,7 @@ bool IsNormalFile(const std::string& path) {
            (attributes & (FILE_ATTRIBUTE_DIRECTORY | FILE_ATTRIBUTE_DEVICE)) == 0;
 }
 
-bool IsOtherThanFolder(const std::string& path) {
-    const DWORD attributes = GetFileAttributesA(path.c_str());
-    return attributes != INVALID_FILE_ATTRIBUTES && (attributes & FILE_ATTRIBUTE_DIRECTORY) == 0;
-}
+std::vector<std::string> NamesToCompare(const std::string& /*folder*/) { return {}; }
 
 std::string ProgramPath() {
     std::string path(32768, '\0');

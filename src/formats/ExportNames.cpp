@@ -10,9 +10,9 @@ std::string PadNumber(std::int32_t value, std::int32_t width) {
     return std::string(static_cast<std::size_t>(std::max(width - length, 0)), '0') + text;
 }
 
-std::string PictureFileName(const GameFolder& game, std::int32_t group, std::int32_t image) {
-    return "Picture " + std::to_string(game.CurrentEpisode) + "-" + PadNumber(group, 3) + "-" +
-           PadNumber(image + 1, 2) + ".bmp";
+std::string PictureFileName(std::int32_t episode, std::int32_t group, std::int32_t image) {
+    return "Picture " + std::to_string(episode) + "-" + PadNumber(group, 3) + "-" + PadNumber(image + 1, 2) +
+           ".bmp";
 }
 
 std::string SoundFileName(SoundKind kind, std::int32_t number) {

@@ -1,6 +1,5 @@
 #pragma once
 
-#include "GameFolder.h"
 #include "SoundArchive.h"
 
 #include <cstdint>
@@ -13,7 +12,7 @@ std::string PadNumber(std::int32_t value, std::int32_t width);
 
 /// File name of an exported image: "Picture 1-012-01.bmp" for the first image (index 0) of group 12 in
 /// episode 1.
-std::string PictureFileName(const GameFolder& game, std::int32_t group, std::int32_t image);
+std::string PictureFileName(std::int32_t episode, std::int32_t group, std::int32_t image);
 
 /// File name of an exported sound entry, such as "Song 007.mid"; every instrument bank has the same name.
 /// Empty for an entry of no recognised kind.

@@ -23,6 +23,11 @@ std::string GameFolder::GameFilePath(std::string_view name, std::int32_t episode
     return path += ExpandEpisode(name, episode);
 }
 
-bool FileExists(const std::string& path) { return !FindInAnyCase(path).empty(); }
+std::string GameFolder::ExistingPath(const std::string& path) const {
+    if (IsNormalFile(path)) return path;
+    const auto last = FoundLast.find(path);
+    if (last != FoundLast.end() && IsNormalFile(last->second)) return last->second;
+    return FoundLast[path] = FindInOtherCase(path);
+}
 
 } // namespace morvane

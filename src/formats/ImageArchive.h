@@ -29,15 +29,15 @@ struct ImageGroup {
 using ImageGroups = std::array<ImageGroup, 512>;
 
 /// Reads the directory of the current episode's image archive, "IMG.%EP%". An absent group's Images and
-/// Duplicate are left as they were; a failure leaves all groups as they were.
+/// Duplicate are left as they were. A missing archive leaves all groups as they were.
 ///
 /// The archive: 512 offsets of 4 bytes, 512 code records of 90 bytes, and anywhere the image records: width,
 /// height (a byte each), two 32-bit numbers, then width x height pixel bytes, column by column, each from top
 /// to bottom.
 void ReadImageArchive(const GameFolder& game, ImageGroups& groups);
 
-/// Decodes one image into the bytes of an 8-bit BMP file (see AddBMPHeader) that has the colours of Palette.
-/// Raises an out-of-range failure when the directory has no such image.
+/// Decodes one image, which the directory must have, into the bytes of an 8-bit BMP file (see AddBMPHeader)
+/// that has the colours of Palette.
 std::vector<std::uint8_t> ReadImage(const GameFolder& game, const ImageGroups& groups, std::int32_t group,
                                     std::int32_t image);
 

@@ -1,6 +1,7 @@
 #include "MapArchive.h"
 
 #include "GameFile.h"
+#include "LittleEndian.h"
 
 namespace morvane {
 
@@ -11,7 +12,9 @@ constexpr const char* ArchiveName = "MAP.%EP%";
 void ReadMapArchive(const GameFolder& game, std::vector<MapEntry>& directory) {
     constexpr std::int32_t FirstMap = 514;
     constexpr std::int32_t MapSize = sizeof(MapCellTable);
-    const auto count = static_cast<std::int16_t>(GameFile(game, ArchiveName).Word(0));
+    std::array<std::uint8_t, 2> header{};
+    GameFile(game, ArchiveName).Read(0, header);
+    const auto count = static_cast<std::int16_t>(WordAt(header, 0));
     directory.clear();
     for (std::int32_t i = 0; i < count; ++i) directory.push_back({FirstMap + MapSize * i, MapSize});
 }

@@ -27,10 +27,10 @@ struct SoundEntry {
 using SoundTable = std::array<SoundEntry, 160>;
 
 /// Reads the directory of SND.DAT (160 records of a 16-bit size and a 32-bit offset) and recognises every
-/// present entry by its signature. A failure leaves the entries as they were.
+/// present entry by its signature. A missing archive leaves the entries as they were.
 void ReadSoundArchive(const GameFolder& game, SoundTable& entries);
 
-/// The bytes of one entry of SND.DAT, exactly as many as its size says.
+/// Reads the bytes of one entry of SND.DAT, exactly as many as its size says.
 std::vector<std::uint8_t> ReadSoundEntry(const GameFolder& game, const SoundEntry& entry);
 
 } // namespace morvane

@@ -13,6 +13,9 @@ struct NumberText {
     std::optional<std::int32_t> Value; ///< rounded, a half to the even neighbour; nothing outside 32 bits
 };
 
+/// Rounds a number to a whole one, a half to the even neighbour. Returns nothing outside 32 bits.
+std::optional<std::int32_t> RoundedToLong(double number);
+
 /// Reads the longest number that a text begins with: an optional sign, decimal digits with an optional point
 /// among or around them and an optional exponent, or "&H" and hexadecimal digits. Nothing is skipped.
 NumberText ScanNumber(std::string_view text);

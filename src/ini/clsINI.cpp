@@ -2,53 +2,75 @@
 
 #include "Failure.h"
 #include "File.h"
-#include "LineReader.h"
 #include "NumberText.h"
 
 #include <algorithm>
-#include <iterator>
+#include <array>
+#include <optional>
 #include <utility>
 
 namespace morvane {
 
 namespace {
 
-std::size_t CheckedIndex(std::int32_t index, std::size_t count) {
-    if (index < 0 || static_cast<std::size_t>(index) >= count)
+// The entry of an index, which must be in range; -1 stands for none and is not.
+template <typename List>
+auto& At(List& list, std::int32_t index) {
+    if (index < 0 || static_cast<std::size_t>(index) >= list.size())
         throw Failure(OutOfRangeError, "clsINI", "Subscript out of range");
-    return static_cast<std::size_t>(index);
+    return list[static_cast<std::size_t>(index)];
+}
+
+std::int32_t FindName(const auto& list, std::string_view name) {
+    const auto found = std::ranges::find_if(list, [=](const auto& entry) { return entry.Name == name; });
+    return found == list.end() ? -1 : static_cast<std::int32_t>(found - list.begin());
+}
+
+// True when a new key of this name must stand before another one. One whose name is a number stands before
+// greater numbers and all other names, any other before names that are greater byte by byte.
+bool StandsBefore(std::string_view name, std::string_view other) {
+    const std::optional<std::int32_t> number = WholeNumber(name).Value;
+    if (!number) return name < other;
+    const std::optional<std::int32_t> otherNumber = WholeNumber(other).Value;
+    return !otherNumber || *number < *otherNumber;
+}
+
+// Appends the rest of a file to the text; what comes before a failure is in it.
+void AppendContent(const File& file, std::string& text) {
+    std::array<std::uint8_t, 65536> part{};
+    for (std::int64_t position = 0;; position += part.size()) {
+        const std::size_t count = file.ReadAt(position, part);
+        text.append(reinterpret_cast<const char*>(part.data()), count);
+        if (count < part.size()) return;
+    }
 }
 
 } // namespace
 
 clsINI::clsINI(ShowMessage showMessage) : Show(std::move(showMessage)) {}
 
-std::int32_t clsINI::NumberOfSections() const { return static_cast<std::int32_t>(Sections.size()); }
-
 std::int32_t clsINI::NumberOfKeys(std::string_view sectionName) const {
-    const IniSection* section = SectionOrNull(sectionName);
-    return section == nullptr ? 0 : static_cast<std::int32_t>(section->Count());
+    const std::int32_t section = FindSection(sectionName);
+    return section < 0 ? 0 : static_cast<std::int32_t>(At(Sections, section).Keys.size());
 }
 
-std::string clsINI::SectionName(std::int32_t sectionNum) const {
-    return Sections[CheckedIndex(sectionNum, Sections.size())].Name;
-}
+std::string clsINI::SectionName(std::int32_t sectionNum) const { return At(Sections, sectionNum).Name; }
 
 std::string clsINI::KeyName(std::string_view sectionName, std::int32_t keyNum) const {
-    const IniSection* section = SectionOrNull(sectionName);
-    return section == nullptr ? std::string() : section->Key(CheckedIndex(keyNum, section->Count())).Name;
+    const std::int32_t section = FindSection(sectionName);
+    return section < 0 ? std::string() : At(At(Sections, section).Keys, keyNum).Name;
 }
 
 void clsINI::KeyName(std::string_view sectionName, std::int32_t keyNum, std::string newName) {
-    IniSection* section = SectionOrNull(sectionName);
-    if (section != nullptr) section->Rename(CheckedIndex(keyNum, section->Count()), std::move(newName));
+    const std::int32_t section = FindSection(sectionName);
+    if (section >= 0) At(At(Sections, section).Keys, keyNum).Name = std::move(newName);
 }
 
 void clsINI::SaveFile() const {
     if (!SavingAllowed) return;
     try {
         const std::string text = Text();
-        ReplaceContent(LoadedName, {reinterpret_cast<const std::uint8_t*>(text.data()), text.size()});
+        WriteInPlace(LoadedName, {reinterpret_cast<const std::uint8_t*>(text.data()), text.size()});
     } catch (const std::exception& failure) {
         if (Show) Show("Could not save INI file.", std::string("clsINI.SaveFile: ") + failure.what());
     }
@@ -67,10 +89,10 @@ std::string clsINI::Text() const {
         text += '[';
         append(section.Name);
         text += "]\r\n";
-        for (std::size_t i = 0; i < section.Count(); ++i) {
-            append(section.Key(i).Name);
+        for (const IniKey& key : section.Keys) {
+            append(key.Name);
             text += '=';
-            append(section.Key(i).Value);
+            append(key.Value);
             text += "\r\n";
         }
     }
@@ -81,32 +103,38 @@ void clsINI::LoadINI(std::string fileName) {
     Sections.clear();
     LoadedName = std::move(fileName);
     if (LoadedName.empty()) return;
-    const std::optional<File> file = File::OpenForReading(LoadedName);
+    const std::optional<File> file = File::OpenNormal(LoadedName);
     if (!file) return;
-    LineReader lines(*file);
-    while (std::optional<std::string> line = lines.Next()) AddLine(std::move(*line));
+    std::string text;
+    try {
+        AppendContent(*file, text);
+    } catch (const Failure&) {
+        AddLines(text.substr(0, text.rfind('\r') + 1)); // whole lines alone
+        throw;
+    }
+    AddLines(text);
 }
 
-void clsINI::AddLine(std::string line) {
+// A line ends at CR or CR LF or with the text; any other LF is a character of its line.
+void clsINI::AddLines(std::string_view text) {
+    while (!text.empty()) {
+        const std::size_t end = std::min(text.find('\r'), text.size());
+        AddLine(text.substr(0, end));
+        text.remove_prefix(std::min(end + 1, text.size()));
+        if (text.starts_with('\n')) text.remove_prefix(1);
+    }
+}
+
+void clsINI::AddLine(std::string_view line) {
     if (line.empty() || line.front() == ';') return;
     if (line.front() == '[') {
-        line.pop_back(); // whatever it is
-        if (!line.empty()) line.erase(0, 1);
-        AddSection(std::move(line));
+        line.remove_suffix(1); // whatever it is
+        AddSection(std::string(line.substr(std::min<std::size_t>(line.size(), 1))));
         return;
     }
     const std::size_t equals = line.find('=');
-    if (equals == std::string::npos || Sections.empty()) return;
-    // The longer of name and value keeps the memory of the line.
-    if (equals > line.size() / 2) {
-        std::string value = line.substr(equals + 1);
-        line.resize(equals);
-        Sections.back().AddKey(std::move(line), std::move(value));
-    } else {
-        std::string name = line.substr(0, equals);
-        line.erase(0, equals + 1);
-        Sections.back().AddKey(std::move(name), std::move(line));
-    }
+    if (equals == std::string_view::npos || Sections.empty()) return;
+    AddKey(NumberOfSections() - 1, std::string(line.substr(0, equals)), std::string(line.substr(equals + 1)));
 }
 
 void clsINI::DeleteSection(std::string_view sectionName) {
@@ -116,27 +144,26 @@ void clsINI::DeleteSection(std::string_view sectionName) {
 }
 
 void clsINI::DeleteKey(std::string_view sectionName, std::string_view keyName) {
-    if (IniSection* section = SectionOrNull(sectionName)) {
-        const std::int32_t key = section->FindKey(keyName);
-        if (key >= 0) section->DeleteKey(static_cast<std::size_t>(key));
+    const std::int32_t section = FindSection(sectionName);
+    const std::int32_t key = FindKey(section, keyName);
+    if (key >= 0) {
+        std::vector<IniKey>& keys = At(Sections, section).Keys;
+        keys.erase(keys.begin() + key);
     }
     SaveFile();
 }
 
 std::string clsINI::ReadString(std::string_view sectionName, std::string_view keyName,
                                const AnyValue& defaultValue) const {
-    const std::string* value = FindValue(sectionName, keyName);
-    return value == nullptr ? defaultValue.ToText() : *value;
+    const std::int32_t section = FindSection(sectionName);
+    const std::int32_t key = FindKey(section, keyName);
+    return key < 0 ? defaultValue.ToText() : At(At(Sections, section).Keys, key).Value;
 }
 
 std::int32_t clsINI::ReadLong(std::string_view sectionName, std::string_view keyName,
                               const AnyValue& defaultValue) const {
-    const std::int32_t defaultNumber = defaultValue.ToLong(); // fails even where it is not needed
-    const std::string* value = FindValue(sectionName, keyName);
-    if (value == nullptr) return defaultNumber;
-    std::string text;
-    std::copy_if(value->begin(), value->end(), std::back_inserter(text),
-                 [](char c) { return c != ' ' && c != '\t' && c != '\n'; });
+    std::string text = ReadString(sectionName, keyName, defaultValue.ToLong());
+    std::erase_if(text, [](char c) { return c == ' ' || c == '\t' || c == '\n'; });
     const NumberText number = ScanNumber(text);
     if (number.Length == 0) return 0;
     if (!number.Value) throw Failure(OverflowError, "clsINI", "Overflow");
@@ -144,44 +171,39 @@ std::int32_t clsINI::ReadLong(std::string_view sectionName, std::string_view key
 }
 
 void clsINI::WriteValue(std::string_view sectionName, std::string_view keyName, std::string value) {
-    std::int32_t found = FindSection(sectionName);
-    if (found < 0) found = AddSection(std::string(sectionName));
-    IniSection& section = Sections[static_cast<std::size_t>(found)];
-    const std::int32_t key = section.FindKey(keyName);
+    std::int32_t section = FindSection(sectionName);
+    if (section < 0) section = AddSection(std::string(sectionName));
+    const std::int32_t key = FindKey(section, keyName);
     if (key >= 0)
-        section.SetValue(static_cast<std::size_t>(key), std::move(value));
+        At(At(Sections, section).Keys, key).Value = std::move(value);
     else
-        section.AddKey(std::string(keyName), std::move(value));
+        AddKey(section, std::string(keyName), std::move(value));
     SaveFile();
 }
 
-const std::string* clsINI::FindValue(std::string_view sectionName, std::string_view keyName) const {
-    const IniSection* section = SectionOrNull(sectionName);
-    if (section == nullptr) return nullptr;
-    const std::int32_t key = section->FindKey(keyName);
-    return key < 0 ? nullptr : &section->Key(static_cast<std::size_t>(key)).Value;
-}
-
 std::int32_t clsINI::FindSection(std::string_view sectionName) const {
-    const auto found = std::find_if(Sections.begin(), Sections.end(),
-                                    [=](const IniSection& section) { return section.Name == sectionName; });
-    return found == Sections.end() ? -1 : static_cast<std::int32_t>(found - Sections.begin());
+    return FindName(Sections, sectionName);
 }
 
-const IniSection* clsINI::SectionOrNull(std::string_view sectionName) const {
-    const std::int32_t found = FindSection(sectionName);
-    return found < 0 ? nullptr : &Sections[static_cast<std::size_t>(found)];
+/// The first key of that name in a section; none when there is no section.
+std::int32_t clsINI::FindKey(std::int32_t section, std::string_view keyName) const {
+    return section < 0 ? -1 : FindName(At(Sections, section).Keys, keyName);
 }
 
-IniSection* clsINI::SectionOrNull(std::string_view sectionName) {
-    const std::int32_t found = FindSection(sectionName);
-    return found < 0 ? nullptr : &Sections[static_cast<std::size_t>(found)];
-}
-
-/// Appends a section, also when there is one of that name; its index.
+/// Appends a section, also when there is one of that name. Returns its index.
 std::int32_t clsINI::AddSection(std::string sectionName) {
-    Sections.emplace_back(std::move(sectionName));
-    return static_cast<std::int32_t>(Sections.size() - 1);
+    Sections.push_back({std::move(sectionName), {}});
+    return NumberOfSections() - 1;
+}
+
+/// Inserts a key at its sorted place, also when there is one of that name. Returns its index.
+std::int32_t clsINI::AddKey(std::int32_t section, std::string keyName, std::string value) {
+    std::vector<IniKey>& keys = At(Sections, section).Keys;
+    const auto place =
+        std::ranges::find_if(keys, [&](const IniKey& key) { return StandsBefore(keyName, key.Name); });
+    const auto index = static_cast<std::int32_t>(place - keys.begin());
+    keys.insert(place, {std::move(keyName), std::move(value)});
+    return index;
 }
 
 } // namespace morvane

@@ -1,7 +1,6 @@
 #pragma once
 
 #include "AnyValue.h"
-#include "IniSection.h"
 
 #include <cstdint>
 #include <functional>
@@ -11,9 +10,19 @@
 
 namespace morvane {
 
+struct IniKey {
+    std::string Name;
+    std::string Value;
+};
+
+struct IniSection {
+    std::string Name;
+    std::vector<IniKey> Keys;
+};
+
 /// A text file of sections and keys, held as an ordered document and written back whole when it is changed.
 /// Names are matched exactly, byte by byte; of several sections or keys of one name the first counts. Copies
-/// are independent.
+/// are independent. Documents are small: lookups search from the front, and every change rewrites the file.
 class clsINI {
   public:
     /// Shows a message box with the critical-error icon and an OK button.
@@ -26,7 +35,7 @@ class clsINI {
     [[nodiscard]] bool AllowSaveFile() const { return SavingAllowed; }
     void AllowSaveFile(bool newAllowSaveFile) { SavingAllowed = newAllowSaveFile; }
 
-    [[nodiscard]] std::int32_t NumberOfSections() const;
+    [[nodiscard]] std::int32_t NumberOfSections() const { return static_cast<std::int32_t>(Sections.size()); }
 
     /// Number of keys of a section; 0 when there is no such section.
     [[nodiscard]] std::int32_t NumberOfKeys(std::string_view sectionName) const;
@@ -48,7 +57,7 @@ class clsINI {
     void SaveFile() const;
 
     /// Replaces the document by the content of a file; by nothing when there is no normal file of that name.
-    /// Fails with a Failure when the file cannot be read; the document then holds what came before.
+    /// Fails when the file cannot be read; the document then holds what came before the failure.
     void LoadINI(std::string fileName);
 
     /// Removes a section with all its keys, or a key, if there is one of that name; saves in any case.
@@ -66,18 +75,18 @@ class clsINI {
     [[nodiscard]] std::int32_t ReadLong(std::string_view sectionName, std::string_view keyName,
                                         const AnyValue& defaultValue = {}) const;
 
-    /// Gives a key a value, adding it and its section when missing, and saves.
+    /// Gives a key a value, adding it and its section when missing, and saves. Names are written as they are:
+    /// a key that begins with ";" or "[" or holds a "=" comes back from its file as something else.
     void WriteValue(std::string_view sectionName, std::string_view keyName, std::string value);
 
-    /// The value of a key without a copy, until the document changes; null when there is no such key.
-    [[nodiscard]] const std::string* FindValue(std::string_view sectionName, std::string_view keyName) const;
-
   private:
+    // Indexes count from 0; -1 stands for none.
     [[nodiscard]] std::int32_t FindSection(std::string_view sectionName) const;
-    [[nodiscard]] const IniSection* SectionOrNull(std::string_view sectionName) const;
-    IniSection* SectionOrNull(std::string_view sectionName);
+    [[nodiscard]] std::int32_t FindKey(std::int32_t section, std::string_view keyName) const;
     std::int32_t AddSection(std::string sectionName);
-    void AddLine(std::string line);
+    std::int32_t AddKey(std::int32_t section, std::string keyName, std::string value);
+    void AddLine(std::string_view line);
+    void AddLines(std::string_view text);
     [[nodiscard]] std::string Text() const;
 
     std::vector<IniSection> Sections;

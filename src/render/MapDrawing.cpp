@@ -1,36 +1,31 @@
 #include "MapDrawing.h"
 
-#include "TransparentPicture.h"
-
-#include <cstring>
+#include "modAddTransparentPicture.h"
 
 namespace morvane {
 
 namespace {
 
 void CopyTile(Picture& picture, int x, int y, const Picture& tile) {
-    const Pixel* from = tile.At(0, 0);
-    Pixel* to = picture.At(x, y);
-    for (int j = 0; j < TileSide; ++j, from += TileSide, to += MapPictureSide)
-        std::memcpy(to, from, TileSide * sizeof(Pixel));
+    for (int j = 0; j < TileSide; ++j)
+        for (int i = 0; i < TileSide; ++i) picture.At(x + i, y + j) = tile.At(i, j);
 }
 
 } // namespace
 
-void DrawMapCells(const MapCellTable& cells, Picture& picture) {
-    constexpr int Side = static_cast<int>(MapSide);
+Picture DrawMapCells(const MapCellTable& cells) {
+    Picture picture(MapPictureSide, MapPictureSide);
     const Pixel transparent = PixelOfSymbolColor(TransparentColor);
-    const MapCell* cell = cells.data();
-    for (int r = 0; r < Side; ++r) {
-        for (int c = 0; c < Side; ++c, ++cell) {
-            const int x = TileSide * c;
-            const int y = TileSide * r;
-            CopyTile(picture, x, y, MapSymbols[0][cell->Plane0].Tile);
-            if (cell->Plane1 != 0)
-                AddTransparentPicture(picture, x, y, TileSide, TileSide, MapSymbols[1][cell->Plane1].Tile, 0,
-                                      0, transparent);
-        }
+    for (int i = 0; const MapCell& cell : cells) {
+        const int x = TileSide * (i % static_cast<int>(MapSide));
+        const int y = TileSide * (i / static_cast<int>(MapSide));
+        ++i;
+        CopyTile(picture, x, y, MapSymbols[0][cell.Plane0].Tile);
+        if (cell.Plane1 != 0)
+            AddTransparentPicture(picture, x, y, TileSide, TileSide, MapSymbols[1][cell.Plane1].Tile, 0, 0,
+                                  transparent);
     }
+    return picture;
 }
 
 } // namespace morvane

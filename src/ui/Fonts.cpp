@@ -9,7 +9,8 @@ namespace {
 QFont FontOf(const QStringList& families, QFont::StyleHint hint, int pixels) {
     QFont font;
     font.setFamilies(families);
-    font.setStyleHint(hint);
+    // All texts are plain ones, so that no other font need be looked through for missing characters.
+    font.setStyleHint(hint, QFont::NoFontMerging);
     font.setPixelSize(pixels);
     font.setWeight(QFont::Normal);
     font.setItalic(false);

@@ -2,7 +2,6 @@
 
 #include <QKeyEvent>
 #include <QPainter>
-#include <QScopedValueRollback>
 #include <QStyledItemDelegate>
 
 namespace ui {
@@ -44,115 +43,69 @@ class RowPainter : public QStyledItemDelegate {
     }
 };
 
+// True for the arrows, Home, End, the page keys and the space bar.
 bool Navigates(const QKeyEvent& event) {
-    switch (event.key()) {
-    case Qt::Key_Up:
-    case Qt::Key_Down:
-    case Qt::Key_Left:
-    case Qt::Key_Right:
-    case Qt::Key_Home:
-    case Qt::Key_End:
-    case Qt::Key_PageUp:
-    case Qt::Key_PageDown:
-    case Qt::Key_Space:
-        return true;
-    default:
-        return false;
-    }
+    return (event.key() >= Qt::Key_Home && event.key() <= Qt::Key_PageDown) || event.key() == Qt::Key_Space;
 }
 
 } // namespace
 
-class ListBox::Model : public QAbstractListModel {
-  public:
-    using QAbstractListModel::QAbstractListModel;
-
-    void Set(std::vector<ListItem> items) {
-        beginResetModel();
-        All = std::move(items);
-        endResetModel();
-    }
-
-    [[nodiscard]] int rowCount(const QModelIndex& parent) const override {
-        return parent.isValid() ? 0 : static_cast<int>(All.size());
-    }
-
-    [[nodiscard]] QVariant data(const QModelIndex& index, int role) const override {
-        if (role != Qt::DisplayRole || !index.isValid()) return {};
-        return QString::fromStdString(All[static_cast<std::size_t>(index.row())].Text);
-    }
-
-    std::vector<ListItem> All;
-};
-
-ListBox::ListBox(QWidget* parent) : QListView(parent), Entries(new Model(this)) {
-    setModel(Entries);
+ListBox::ListBox(QWidget* parent) : QListWidget(parent) {
     setItemDelegate(new RowPainter(this));
     setUniformItemSizes(true);
-    setSelectionMode(SingleSelection);
     setEditTriggers(NoEditTriggers);
     setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     setFrameStyle(QFrame::Panel | QFrame::Sunken);
     setLineWidth(2);
 }
 
-ListBox::~ListBox() = default;
-
-void ListBox::SetItems(std::vector<ListItem> items) {
-    const QScopedValueRollback<bool> byProgram(ByProgram, true);
-    Entries->Set(std::move(items));
+void ListBox::SetItems(const std::vector<ListItem>& items) {
+    clear();
+    for (const ListItem& item : items) {
+        addItem(QString::fromStdString(item.Text));
+        this->item(count() - 1)->setData(Qt::UserRole, item.Data);
+    }
 }
 
-const std::vector<ListItem>& ListBox::Items() const { return Entries->All; }
+std::vector<ListItem> ListBox::Items() const {
+    std::vector<ListItem> items;
+    for (int i = 0; i < count(); ++i)
+        items.push_back({item(i)->text().toStdString(), item(i)->data(Qt::UserRole).toInt()});
+    return items;
+}
 
-int ListBox::ListIndex() const { return currentIndex().isValid() ? currentIndex().row() : -1; }
+void ListBox::ShowSelected(int index) {
+    setCurrentRow(index);
+    if (index < 0) clearSelection();
+}
 
 void ListBox::Select(int index) {
     ShowSelected(index);
     Handler();
 }
 
-void ListBox::ShowSelected(int index) {
-    const QScopedValueRollback<bool> byProgram(ByProgram, true);
-    setCurrentIndex(Entries->index(index));
-    if (index < 0) clearSelection();
-}
-
-void ListBox::DuringUserEvent(const std::function<void()>& base, bool selectsAnyway) {
+/// Handles an event of the user and announces the selection that it made: another entry, or the same one
+/// again when the event selects in any case.
+void ListBox::HandleAndAnnounce(const std::function<void()>& handle, bool selects) {
     const int previous = ListIndex();
-    Changed = false;
-    {
-        const QScopedValueRollback<bool> inEvent(InUserEvent, true);
-        base();
-    }
-    if (ListIndex() >= 0 && (Changed || selectsAnyway)) emit UserSelected(previous);
+    handle();
+    if (ListIndex() >= 0 && (selects || ListIndex() != previous)) emit UserSelected(previous);
 }
 
 void ListBox::mousePressEvent(QMouseEvent* event) {
     if (event->button() != Qt::LeftButton) return;
-    DuringUserEvent([&] { QListView::mousePressEvent(event); }, indexAt(event->pos()).isValid());
+    HandleAndAnnounce([&] { QListWidget::mousePressEvent(event); }, indexAt(event->pos()).isValid());
 }
 
 void ListBox::mouseMoveEvent(QMouseEvent* event) {
-    DuringUserEvent([&] { QListView::mouseMoveEvent(event); }, false);
-}
-
-void ListBox::mouseReleaseEvent(QMouseEvent* event) {
-    DuringUserEvent([&] { QListView::mouseReleaseEvent(event); }, false);
+    HandleAndAnnounce([&] { QListWidget::mouseMoveEvent(event); }, false);
 }
 
 // The second press of a double click selects like any other.
 void ListBox::mouseDoubleClickEvent(QMouseEvent* event) { mousePressEvent(event); }
 
 void ListBox::keyPressEvent(QKeyEvent* event) {
-    DuringUserEvent([&] { QListView::keyPressEvent(event); }, Navigates(*event));
-}
-
-void ListBox::currentChanged(const QModelIndex& current, const QModelIndex& previous) {
-    QListView::currentChanged(current, previous);
-    if (ByProgram) return;
-    Changed = true;
-    if (!InUserEvent && current.isValid()) emit UserSelected(previous.isValid() ? previous.row() : -1);
+    HandleAndAnnounce([&] { QListWidget::keyPressEvent(event); }, Navigates(*event));
 }
 
 QItemSelectionModel::SelectionFlags ListBox::selectionCommand(const QModelIndex& index,

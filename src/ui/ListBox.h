@@ -1,6 +1,6 @@
 #pragma once
 
-#include <QListView>
+#include <QListWidget>
 
 #include <functional>
 #include <string>
@@ -11,8 +11,6 @@ namespace ui {
 struct ListItem {
     std::string Text;
     int Data = 0;
-
-    bool operator==(const ListItem&) const = default;
 };
 
 /// A plain list of which one entry can be selected, unsorted, with a number carried by each entry.
@@ -20,21 +18,18 @@ struct ListItem {
 /// Selecting an entry, by mouse, key or program, runs its handler, also when the entry was selected already.
 /// A selection made by the program runs it directly and lets its failures through to the caller; one made by
 /// the user announces itself with UserSelected instead.
-class ListBox : public QListView {
+class ListBox : public QListWidget {
     Q_OBJECT
 
   public:
     explicit ListBox(QWidget* parent);
-    ~ListBox() override;
 
-    void SetItems(std::vector<ListItem> items); ///< nothing is selected afterwards
-    void Clear() { SetItems({}); }
+    void SetItems(const std::vector<ListItem>& items); ///< nothing is selected afterwards
+    [[nodiscard]] std::vector<ListItem> Items() const;
 
-    [[nodiscard]] const std::vector<ListItem>& Items() const;
-    [[nodiscard]] int Count() const { return static_cast<int>(Items().size()); }
-    [[nodiscard]] int ListIndex() const; ///< position of the selected entry; -1 when none is
+    [[nodiscard]] int ListIndex() const { return currentRow(); } ///< position of the selected entry, or -1
     /// The number of the selected entry, of which there must be one.
-    [[nodiscard]] int SelectedData() const { return Items()[static_cast<std::size_t>(ListIndex())].Data; }
+    [[nodiscard]] int SelectedData() const { return currentItem()->data(Qt::UserRole).toInt(); }
 
     void Select(int index);       ///< selects and runs Handler
     void ShowSelected(int index); ///< selects (-1: nothing) and runs nothing
@@ -48,22 +43,13 @@ class ListBox : public QListView {
   protected:
     void mousePressEvent(QMouseEvent* event) override;
     void mouseMoveEvent(QMouseEvent* event) override;
-    void mouseReleaseEvent(QMouseEvent* event) override;
     void mouseDoubleClickEvent(QMouseEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
-    void currentChanged(const QModelIndex& current, const QModelIndex& previous) override;
     [[nodiscard]] QItemSelectionModel::SelectionFlags selectionCommand(const QModelIndex& index,
                                                                        const QEvent* event) const override;
 
   private:
-    class Model;
-
-    void DuringUserEvent(const std::function<void()>& base, bool selectsAnyway);
-
-    Model* Entries;
-    bool ByProgram = false;   // selections are the program's own
-    bool InUserEvent = false; // a change of the selection is announced when the event has been handled
-    bool Changed = false;
+    void HandleAndAnnounce(const std::function<void()>& handle, bool selects);
 };
 
 } // namespace ui

@@ -4,12 +4,16 @@
 
 namespace ui {
 
-Menu::Menu(QMenuBar* bar, const char* caption) : Items(bar->addMenu(caption)), Group(new QActionGroup(bar)) {
+Menu::Menu(QMenuBar* bar, const char* name, const char* caption)
+    : Items(bar->addMenu(caption)), Group(new QActionGroup(bar)) {
+    Items->setObjectName(name);
     Group->setExclusionPolicy(QActionGroup::ExclusionPolicy::None);
 }
 
-QAction* Menu::AddItem(const char* caption, const char* shortcut, std::function<void()> command) {
+QAction* Menu::AddItem(const QString& name, const char* caption, const char* shortcut,
+                       std::function<void()> command) {
     QAction* item = Items->addAction(caption);
+    item->setObjectName(name);
     if (shortcut != nullptr) item->setShortcut(QKeySequence(shortcut));
     Group->addAction(item);
     QObject::connect(item, &QAction::triggered, item, [command = std::move(command)] { command(); });

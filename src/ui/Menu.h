@@ -11,20 +11,20 @@ namespace ui {
 /// item has the state of its own back.
 class Menu {
   public:
-    /// An "&" in a caption marks the access key.
-    Menu(QMenuBar* bar, const char* caption);
+    /// An "&" in a caption marks the access key. Names are those of the objects, as everywhere below.
+    Menu(QMenuBar* bar, const char* name, const char* caption);
 
-    /// Adds an item that runs a command, which must not throw. Checkable items do not toggle by themselves
-    /// for long: the command sets their marks.
-    QAction* AddItem(const char* caption, const char* shortcut, std::function<void()> command);
+    /// Adds an item that runs a command, which must not throw. Qt toggles a checkable item when it is
+    /// triggered; the command must then set the right mark.
+    QAction* AddItem(const QString& name, const char* caption, const char* shortcut,
+                     std::function<void()> command);
     void AddSeparator() { Items->addSeparator(); }
 
     void SetEnabled(bool enabled);
-    [[nodiscard]] bool IsEnabled() const { return Items->menuAction()->isEnabled(); }
 
   private:
     QMenu* Items;
-    QActionGroup* Group;
+    QActionGroup* Group; // its being disabled disables the shortcuts
 };
 
 } // namespace ui

@@ -2,40 +2,31 @@
 
 #include "Text.h"
 
+#include <QGridLayout>
 #include <QGuiApplication>
-#include <QLabel>
 #include <QMessageBox>
+#include <QRegularExpression>
+
+#include <array>
 
 namespace ui {
 
-namespace {
-
-// Texts from this length on hold long paths; they get a wide box and may break anywhere.
-constexpr int LongText = 400;
-constexpr int WideBox = 700;
-
-QString Breakable(const QString& text) {
-    constexpr QChar ZeroWidthSpace(0x200B);
-    QString result;
-    for (const QChar c : text) {
-        result += c;
-        if (!c.isSpace() && !c.isHighSurrogate()) result += ZeroWidthSpace;
-    }
-    return result;
-}
-
-} // namespace
+QWidget* ShownOwner(QWidget* owner) { return owner != nullptr && owner->isVisible() ? owner : nullptr; }
 
 void ShowMessageBox(QWidget* owner, const std::string& title, const std::string& text, BoxIcon icon) {
-    QMessageBox box(owner);
+    constexpr std::array Icons{QMessageBox::NoIcon, QMessageBox::Warning, QMessageBox::Critical};
+    const QRegularExpression longName("([^\\s/\\\\]{100})");
+    QMessageBox box(ShownOwner(owner));
     box.setWindowTitle(FromBytes(title));
     box.setTextFormat(Qt::PlainText);
-    const QString shown = FromBytes(text).replace("\r\n", "\n");
-    box.setText(shown.size() < LongText ? shown : Breakable(shown));
-    auto* label = box.findChild<QLabel*>("qt_msgbox_label");
-    if (label != nullptr && shown.size() >= LongText) label->setMinimumWidth(WideBox);
-    box.setIcon(icon == BoxIcon::Critical ? QMessageBox::Critical : QMessageBox::NoIcon);
+    box.setText(FromBytes(text).replace("\r\n", "\n").replace(longName, "\\1\n"));
+    box.setIcon(Icons[static_cast<std::size_t>(icon)]);
     box.setStandardButtons(QMessageBox::Ok);
+    // A short text alone would leave no room for the caption.
+    constexpr int CaptionButtons = 120;
+    const int width = box.fontMetrics().horizontalAdvance(box.windowTitle()) + CaptionButtons;
+    auto* layout = static_cast<QGridLayout*>(box.layout());
+    layout->addItem(new QSpacerItem(width, 0), layout->rowCount(), 0, 1, layout->columnCount());
     box.exec();
 }
 

@@ -6,10 +6,14 @@ class QWidget;
 
 namespace ui {
 
-enum class BoxIcon { None, Critical };
+enum class BoxIcon { None, Warning, Critical };
+
+/// The owner of a dialog: the window given, or none while it is not shown yet, which puts the dialog into the
+/// middle of the screen.
+QWidget* ShownOwner(QWidget* owner);
 
 /// Shows a modal message box with an OK button and waits until it is closed. Line breaks in the text may be
-/// CR LF or LF. The owner may be a window that is not visible yet.
+/// CR LF or LF; names too long for a line are broken as well.
 void ShowMessageBox(QWidget* owner, const std::string& title, const std::string& text, BoxIcon icon);
 
 /// Shows the busy pointer over the whole program from its making until Restore or the end of its scope.

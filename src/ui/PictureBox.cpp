@@ -19,16 +19,19 @@ PictureBox::PictureBox(QWidget* parent) : QWidget(parent) {
     QAccessible::installFactory(DescribePictureBox);
 }
 
-void PictureBox::Show(const std::uint32_t* pixels, int width, int height, const std::string& description) {
-    setAccessibleName(QString::fromStdString(description));
-    Shown = width > 0 && height > 0 ? QImage(reinterpret_cast<const uchar*>(pixels), width, height, 4 * width,
-                                             QImage::Format_RGB32)
-                                    : QImage();
+void PictureBox::Show(std::vector<std::uint32_t> pixels, int width, int height,
+                      const std::string& description) {
+    const QString name = QString::fromStdString(description);
+    Pixels = std::move(pixels);
+    Shown =
+        QImage(reinterpret_cast<const uchar*>(Pixels.data()), width, height, 4 * width, QImage::Format_RGB32);
+    setAccessibleName(name);
     update();
 }
 
 void PictureBox::Remove() {
     Shown = {};
+    Pixels = {};
     setAccessibleName("Nothing");
     update();
 }

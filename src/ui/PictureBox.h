@@ -5,22 +5,21 @@
 
 #include <cstdint>
 #include <string>
+#include <vector>
 
 namespace ui {
 
-/// Shows a picture at its own size from the top left corner, one pixel of the picture for one of the layout,
-/// unscaled.
-/// Its accessible name says what is shown.
+/// Shows a picture of its own at the picture's size from the top left corner, unscaled: one pixel of the
+/// picture for one of the layout. Its accessible name says what is shown.
 class PictureBox : public QWidget {
     Q_OBJECT
 
   public:
     explicit PictureBox(QWidget* parent);
 
-    /// Shows width x height pixels (0xFFRRGGBB, rows without gaps). They are not copied: they must stay where
-    /// they are until another picture is shown or this one removed.
-    /// The description is for those who cannot see it.
-    void Show(const std::uint32_t* pixels, int width, int height, const std::string& description);
+    /// Shows width x height pixels (0xFFRRGGBB, rows without gaps). The description is for those who cannot
+    /// see it.
+    void Show(std::vector<std::uint32_t> pixels, int width, int height, const std::string& description);
     void Remove();
 
     /// What is shown now; a null image when nothing is.
@@ -32,6 +31,7 @@ class PictureBox : public QWidget {
     void focusOutEvent(QFocusEvent* event) override;
 
   private:
+    std::vector<std::uint32_t> Pixels; // those of Shown
     QImage Shown;
 };
 

@@ -1,96 +1,77 @@
-#include "Failure.h"
 #include "File.h"
-#include "Paths.h"
+#include "GameFolder.h"
 #include "TempFolder.h"
 
-#include <gtest/gtest.h>
+using namespace morvane;
 
-#ifndef _WIN32
-#include <sys/stat.h>
-#endif
+TEST(Paths, AProgramsPathIsSplitIntoFolderAndName) {
+    for (std::string text : {"/viewer|/|viewer", "/a/b.c/v.1.exe|/a/b.c|v.1", "/a/b.c/v|/a/b.c|v",
+                             "/a/.viewer|/a|.viewer", "/.v.exe|/|.v", "viewer||", "C:/v.exe|C:/|v"}) {
+        std::replace(text.begin(), text.end(), '/', PathSeparator);
+        const std::string path = text.substr(0, text.find('|'));
+        const Program program = SplitProgramPath(path);
+        EXPECT_EQ(path + "|" + program.Folder + "|" + program.BaseName, text);
+    }
+    EXPECT_EQ(std::filesystem::path(RunningProgram().Folder).filename(), "tests");
+}
 
-namespace morvane {
-namespace {
-
-TEST(Paths, NormalFilesAreNeitherFoldersNorHiddenNorPipes) {
+TEST(Paths, NormalFilesAreNeitherFoldersNorHiddenNorDevices) {
     const TempFolder folder;
-    EXPECT_TRUE(NormalFileExists(folder.Write("seen", "x")));
-    EXPECT_FALSE(NormalFileExists(folder.Path));
-    EXPECT_FALSE(NormalFileExists(folder / "missing"));
-    EXPECT_FALSE(NormalFileExists(""));
+    std::map<std::string, bool> paths = {
+        {folder.Write("seen.x", "x"), true}, {folder.Path, false}, {folder / "missing", false}, {"", false}};
 #ifndef _WIN32
-    EXPECT_FALSE(NormalFileExists(folder.Write(".hidden", "x")));
-    const std::string pipe = folder / "pipe";
-    ASSERT_EQ(mkfifo(pipe.c_str(), 0600), 0);
-    EXPECT_FALSE(NormalFileExists(pipe));
-    EXPECT_FALSE(File::OpenForReading(pipe)); // and does not wait for a writer
-    std::filesystem::create_symlink(folder / "seen", folder / "link");
-    EXPECT_TRUE(NormalFileExists(folder / "link"));
+    paths[folder.Write(".hidden", "x")] = false;
+    paths["/dev/null"] = false;
 #endif
+    for (const auto& [path, normal] : paths)
+        EXPECT_TRUE(IsNormalFile(path) == normal && File::OpenNormal(path).has_value() == normal) << path;
 }
 
 #ifndef _WIN32
-TEST(Paths, FindsAnotherCaseOnlyWhenTheExactNameIsMissing) {
+TEST(Paths, OfSeveralCasesOneIsTaken) {
     const TempFolder folder;
-    folder.Write("img.1", "lower");
-    folder.Write("Img.1", "mixed");
-    EXPECT_EQ(FindInAnyCase(folder / "IMG.1"), folder / "Img.1"); // the first in byte order
-    folder.Write("IMG.1", "exact");
-    EXPECT_EQ(FindInAnyCase(folder / "IMG.1"), folder / "IMG.1");
-    EXPECT_EQ(FindInAnyCase(folder / "IMG.2"), "");
+    const GameFolder game{folder.Path, 1};
     std::filesystem::create_directory(folder / "map.1");
-    EXPECT_EQ(FindInAnyCase(folder / "MAP.1"), "");
-    EXPECT_EQ(FindInAnyCase("/missing folder/MAP.1"), "");
-}
-#endif
-
-TEST(Files, ReplacedContentIsExactlyAsLongAsTheNewBytes) {
-    const TempFolder folder;
-    const std::string path = folder.Write("file", std::string(1000, 'x'));
-    const ByteVector bytes{1, 2, 3};
-    ReplaceContent(path, bytes);
-    EXPECT_EQ(BytesOf(path), bytes);
-    ReplaceContent(folder / "new", bytes);
-    EXPECT_EQ(BytesOf(folder / "new"), bytes);
-}
-
-TEST(Files, FailuresCarryThePlatformsNumberAndThePath) {
-    const TempFolder folder;
-    const ByteVector bytes{1};
-    struct Case {
-        std::string Path;
-        int Number;
-    };
-    std::vector<Case> cases{{folder / "no/such", ENOENT}};
-#ifdef _WIN32
-    cases.push_back({folder.Path, EACCES});
-#else
-    cases.push_back({folder.Path, EISDIR});
-    cases.push_back({folder / "pipe", ENXIO});
-    ASSERT_EQ(mkfifo(cases.back().Path.c_str(), 0600), 0);
-#endif
-    for (const Case& c : cases) {
-        for (auto* write : {WriteFile, ReplaceContent}) {
-            const Failure failure = FailureOf([&] { write(c.Path, bytes); });
-            EXPECT_EQ(failure.Number, c.Number) << c.Path;
-            EXPECT_TRUE(failure.Description.starts_with(c.Path + ": ")) << failure.Description;
-        }
+    for (const char* name : {"img.1", "iMg.1", "imG.1", "img.11", "IMG", "az@[", "za`{"})
+        folder.Write(name, "x");
+    EXPECT_TRUE(game.FileExists(folder / "AZ@["));
+    for (const char* name : {"IMG.2", "MAP.1", "ZA@[", "AZ`{", "x/IMG.1"})
+        EXPECT_FALSE(game.FileExists(folder / name)) << name;
+    // Each name is written, or else removed. The first in byte order is taken, and then as long as it exists.
+    using Step = std::pair<const char*, const char*>;
+    for (const auto& [name, taken] : {Step{"Img.1", "Img.1"}, Step{"IMg.1", "Img.1"}, Step{"IMG.1", "IMG.1"},
+                                      Step{"IMG.1", "Img.1"}, Step{"Img.1", "IMg.1"}}) {
+        if (!std::filesystem::remove(folder / name)) folder.Write(name, "x");
+        EXPECT_EQ(game.ExistingPath(folder / "IMG.1"), folder / taken) << name;
     }
 }
-
-TEST(Files, DeletingCountsLinksButNoFolders) {
-    const TempFolder folder;
-#ifdef _WIN32
-    folder.Write("link", "no link, but as good here");
-#else
-    std::filesystem::create_symlink(folder / "nowhere", folder / "link");
 #endif
-    EXPECT_TRUE(DeleteFileIfAny(folder / "link"));
-    EXPECT_FALSE(DeleteFileIfAny(folder / "link"));
-    std::filesystem::create_directory(folder / "sub");
-    EXPECT_FALSE(DeleteFileIfAny(folder / "sub"));
-    EXPECT_TRUE(std::filesystem::exists(folder / "sub"));
-}
 
-} // namespace
-} // namespace morvane
+TEST(Files, WritersLeaveExactlyTheNewBytesOrFail) {
+    const TempFolder folder;
+    const ByteVector bytes{1, 2, 3};
+    using Writer = void (*)(const std::string&, ConstBytes);
+    const Writer exporting = [](const std::string& path, ConstBytes b) { WriteByteArray(path, b, true); };
+    for (const Writer write : {Writer(WriteInPlace), exporting}) {
+        for (const std::string& path : {folder.Write("longer", std::string(1000, 'x')), folder / "new"}) {
+            write(path, bytes);
+            EXPECT_EQ(BytesOf(path), bytes);
+        }
+        std::filesystem::remove(folder / "new");
+        for (const std::string& path : {folder / "no/such", folder.Path}) {
+            const Failure failure = FailureOf([&] { write(path, bytes); });
+            EXPECT_TRUE(failure.Number == (path == folder.Path ? EISDIR : ENOENT) ||
+                        failure.Number == EACCES);
+            EXPECT_TRUE(failure.Description.starts_with(path + ": ")) << failure.Description;
+        }
+    }
+    EXPECT_FALSE(WriteByteArray(folder.Write("kept", "old"), bytes, false));
+#ifndef _WIN32
+    std::filesystem::create_symlink(folder / "nowhere", folder / "link");
+    EXPECT_FALSE(WriteByteArray(folder / "link", bytes, false));
+    EXPECT_TRUE(WriteByteArray(folder / "link", bytes, true)); // replaces the link
+    EXPECT_FALSE(std::filesystem::exists(folder / "nowhere"));
+    EXPECT_EQ(FailureOf([&] { WriteInPlace("/dev/null", bytes); }).Number, EINVAL);
+#endif
+    EXPECT_EQ(TextOf(folder / "kept"), "old");
+}

@@ -1,8 +1,7 @@
 #!/usr/bin/env python3
-"""The packer of the demo game: a good folder is packed; a bad file is named and nothing is written.
-
-usage: packer_tests.py MAKE-DEMO-GAME DEMO-FOLDER SCRATCH-FOLDER
-"""
+# The packer of the demo game: a good folder is packed; a bad file is named and nothing is written.
+#
+# usage: packer_tests.py MAKE-DEMO-GAME DEMO-FOLDER SCRATCH-FOLDER; the packed game is left in SCRATCH-FOLDER/game
 import os
 import shutil
 import subprocess
@@ -21,30 +20,26 @@ BAD = [  # file, what is done to its bytes, how the message ends
 ]
 
 
-def pack(folder):
-    target = os.path.join(scratch, 'game')
-    shutil.rmtree(target, ignore_errors=True)
-    done = subprocess.run([tool, folder, target], capture_output=True)
-    return done.returncode, done.stderr.decode().strip(), sorted(os.listdir(target)) if os.path.exists(target) else None
-
-
-def grids(path):
-    """The codes of both planes of a map's text, row by row."""
-    with open(path) as f:
-        key, *grid = f.read().split('\n\n')
-    codes = {tuple(line.split()[:2]): int(line.split()[2]) for line in key.split('\n') if line[0] != ';'}
-    return [[codes[plane, c] for c in text.replace('\n', '')] for plane, text in zip('01', grid)]
-
-
-assert pack(demo) == (0, '', ['GAME.PAL', 'IMG.1', 'IMG.2', 'IMG.3', 'MAP.1', 'MAP.2', 'MAP.3', 'SND.DAT', 'UIF.DAT'])
-with open(os.path.join(scratch, 'game/MAP.2'), 'rb') as packed:
-    cells = packed.read()[514 + 8192:]
-assert [list(cells[0::2]), list(cells[1::2])] == grids(os.path.join(demo, MAP))
-for name, spoil, message in BAD:
-    folder = os.path.join(scratch, 'demo')
+game, copy = os.path.join(scratch, 'game'), os.path.join(scratch, 'demo')
+for folder in (game, copy):
     shutil.rmtree(folder, ignore_errors=True)
-    shutil.copytree(demo, folder)
-    path = os.path.join(folder, name)
+shutil.copytree(demo, copy)
+
+
+def pack():
+    done = subprocess.run([tool, copy, game], capture_output=True)
+    return done.returncode, done.stderr.decode().strip(), os.path.exists(game)
+
+
+for name, spoil, message in BAD:
+    path = os.path.join(copy, name)
     with open(os.path.join(demo, name), 'rb') as before, open(path, 'wb') as after:
         after.write(spoil(before.read()))
-    assert pack(folder) == (1, 'make-demo-game: %s: %s' % (path, message), None), (name, message, pack(folder))
+    assert pack() == (1, 'make-demo-game: %s: %s' % (path, message), False), (message, pack())
+    shutil.copy(os.path.join(demo, name), path)
+assert pack() == (0, '', True)
+with open(os.path.join(game, 'MAP.2'), 'rb') as packed, open(os.path.join(demo, MAP)) as text:
+    cells, (key, *grids) = packed.read()[514 + 8192:], text.read().split('\n\n')
+codes = {tuple(line.split()[:2]): int(line.split()[2]) for line in key.split('\n') if line[0] != ';'}
+for plane, grid in zip('01', grids):
+    assert list(cells[int(plane)::2]) == [codes[plane, c] for c in grid.replace('\n', '')]

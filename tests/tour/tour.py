@@ -1,0 +1,156 @@
+#!/usr/bin/env python3
+# Tours the real program in a virtual display with real keys, and saves screenshots.
+#
+# usage: tour.py PROGRAM-FOLDER GAME-FOLDER DEMO-FOLDER OUTPUT-FOLDER
+#
+# A copy of the program folder is driven, so that its settings stay as they are. GAME-FOLDER is the demo game packed from the
+# files of DEMO-FOLDER: Export All must give back exactly these. What the window shows is compared with them pixel by pixel,
+# and maps and what damaged folders give with a second reading of the game's files. Ends with a status other than 0 when
+# anything differs.
+import os
+import random
+import shutil
+import sys
+from pathlib import Path
+
+import desktop
+import model
+
+CLIENT_HEIGHT = 488  # the menu bar stands above
+PICTURE_LEFT, PICTURE_TOP = 8 + 144, 8 + 16  # of both picture boxes in the client area
+NOT_EXPORTED = ('Picture 1-046-', 'Morvane 001.ibk')  # a duplicate, and a bank that the last one replaces
+
+
+def damage(game, folder, seed):
+    # A copy of a game folder with bytes changed, ends cut off and names in lower case, as old disks leave them.
+    r = random.Random(seed)
+    folder.mkdir()
+    for path in sorted(game.iterdir()):
+        data = bytearray(path.read_bytes())
+        for _ in range(r.choice([0, 100, 3000])):
+            data[r.randrange(r.choice([len(data), min(len(data), 2048)]))] = r.randrange(256)
+        del data[len(data) - r.choice([0, 1, 5000, len(data) // 2]):]
+        (folder / r.choice([path.name, path.name.lower()])).write_bytes(data)
+
+
+class Tour:
+    def __init__(self, program, game, demo, output):
+        self.game, self.output, self.shots = Path(game).resolve(), Path(output).resolve(), 0
+        shutil.rmtree(self.output, ignore_errors=True)
+        self.program = self.output / 'program'
+        shutil.copytree(program, self.program, ignore=shutil.ignore_patterns('*.ini'))
+        settings = b'[Settings]\r\nOpenPath=' + os.fsencode(self.game) + b'\r\n'
+        (self.program / 'morvane-extractor.ini').write_bytes(settings)
+        self.demo = {path.name: path.read_bytes() for kind in ('images', 'sounds') for path in (Path(demo) / kind).iterdir()
+                     if not path.name.startswith(NOT_EXPORTED)}
+
+    def shoot(self, name):
+        self.shots += 1
+        desktop.shoot(self.output / ('%02d-%s.png' % (self.shots, name)))
+
+    def expect(self, rows, what):
+        # Waits until the picture box that is visible shows these RGB rows.
+        def shown():
+            content = desktop.pixels(self.main)
+            top = PICTURE_TOP + len(content) - CLIENT_HEIGHT
+            return all(content[top + y][3 * PICTURE_LEFT:3 * PICTURE_LEFT + len(row)] == row
+                       for y, row in enumerate(rows))
+        desktop.wait(shown, what + ' as in the archive', 15)
+        print('  checked:', what)
+
+    def run(self):
+        process = desktop.start([self.program / 'morvane-extractor'])
+        self.main = desktop.window('^Morvane Extractor - 1\\.0\\.0$')
+        for number in (1, 2, 3):
+            self.tour_episode(number)
+        desktop.keys('ctrl+d')
+        self.shoot('sounds')
+        for entry, title, name in (('InstBank 159', 'Instrument Bank', 'Morvane.ibk'), ('MIDI 7', 'MIDI', 'Song 007.mid'),
+                                   ('VOC 64', 'VOC', 'Sound 064.voc')):
+            desktop.type_text(entry)
+            self.export('Save %s As...' % title, name)
+        self.export_all('sounds', {name: data for name, data in self.demo.items() if not name.endswith('.bmp')})
+        for seed in (1, 2, 3):
+            self.tour_damaged_game(self.output / ('damaged%d' % seed), seed)
+        desktop.keys('alt+f')
+        desktop.keys('x')
+        assert process.wait(timeout=20) == 0
+
+    def tour_episode(self, number):
+        symbols = self.program / ('Episode%d.tsd' % number)
+        desktop.keys('ctrl+m', 'ctrl+shift+F%d' % number)
+        self.expect(model.map_picture(self.game, number, 0, symbols), 'episode %d, map 0' % number)
+        self.shoot('episode%d-maps' % number)
+        desktop.keys('Down')
+        self.expect(model.map_picture(self.game, number, 1, symbols), 'episode %d, map 1' % number)
+        files = {name: data for name, data in self.demo.items() if name.startswith('Picture %d-' % number)}
+        firsts = sorted(name for name in files if name.endswith('-01.bmp'))
+        desktop.keys('ctrl+w')
+        for key, name in (('Home', firsts[0]), ('End', firsts[-1]), ('Up', firsts[-2])):
+            desktop.keys(key)
+            self.expect(model.picture(files[name]), name)
+        self.shoot('episode%d-images' % number)
+        self.export('Save Image As...', name)
+        self.export_all('images%d' % number, files)
+
+    def tour_damaged_game(self, folder, seed):
+        damage(self.game, folder, seed)
+        desktop.keys('ctrl+o')
+        self.answer_folder_dialog('Select the Morvane Folder', folder)
+        desktop.activate(self.main)
+        desktop.keys('ctrl+w')
+        for number in (1, 2, 3):
+            desktop.keys('ctrl+shift+F%d' % number)
+            self.export_all('damaged%d-images%d' % (seed, number), model.images(folder, number))
+        desktop.keys('ctrl+d')
+        self.export_all('damaged%d-sounds' % seed, model.sounds(folder))
+
+    def export(self, title, name):
+        # One single export under the proposed name, over nothing and then over a longer file.
+        path, expected = self.program / name, self.demo[name]
+        for before in (False, True):
+            if before:
+                path.write_bytes(expected + bytes(100))
+            desktop.keys('alt+f')
+            desktop.keys('e')
+            desktop.window('^' + title)
+            desktop.keys('Return')
+            desktop.window('^Confirm Save As$')
+            self.shoot('export')
+            desktop.keys('alt+y')
+            desktop.gone('^Confirm Save As$')
+            desktop.activate(self.main)
+            desktop.wait(lambda: path.exists() and path.read_bytes() == expected, name)
+        print('  checked:', name, 'exported alone')
+
+    def answer_folder_dialog(self, title, folder):
+        desktop.window('^%s$' % title)
+        desktop.type_text(str(folder))
+        desktop.keys('Return')
+        desktop.gone('^%s$' % title)
+
+    def export_all(self, name, expected):
+        target = self.output / name
+        target.mkdir()
+        desktop.keys('alt+f')
+        desktop.keys('Down', 'Down', 'Return')
+        self.answer_folder_dialog('Export Path', target)
+        desktop.window('^Morvane Extractor$')
+        self.shoot(name)
+        desktop.keys('Return')
+        desktop.gone('^Morvane Extractor$')
+        desktop.activate(self.main)
+        found = {path.name: path.read_bytes() for path in target.iterdir()}
+        assert sorted(found) == sorted(expected), (name, set(found) ^ set(expected))
+        assert all(found[file] == expected[file] for file in found), 'other bytes in ' + name
+        print('  checked: all %d files of %s' % (len(found), name))
+
+
+tour = Tour(*sys.argv[1:5])
+with desktop.Desktop():
+    try:
+        tour.run()
+    except BaseException:
+        tour.shoot('failure')
+        raise
+print('Toured the program; %d screenshots lie in %s' % (tour.shots, tour.output))
