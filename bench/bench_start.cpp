@@ -11,5 +11,5 @@ int main(int argc, char** argv) {
     window.show();
     QMetaObject::invokeMethod(&application, &QApplication::quit, Qt::QueuedConnection);
     const int status = QApplication::exec();
-    return window.lstMap->Count() > 0 ? status : 1;
+    return window.findChild<ui::ListBox*>("lstMap")->count() > 0 ? status : 1;
 }

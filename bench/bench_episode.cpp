@@ -1,0 +1,70 @@
+// Chooses episodes in the real window, on the settings file beside the program, until the window is painted;
+// beside that reads the same bytes and paints the same pictures once. Prints both times of each run in
+// milliseconds.
+#include "frmMain.h"
+
+#include <QAction>
+#include <QApplication>
+#include <QFile>
+#include <QPainter>
+
+#include <chrono>
+#include <iostream>
+
+namespace {
+
+// What the floor paints: the pictures that the program has on its two boxes, in a window of the same size.
+class Pictures : public QWidget {
+  public:
+    std::vector<QImage> Shown;
+
+  protected:
+    void paintEvent(QPaintEvent* /*event*/) override {
+        QPainter painter(this);
+        for (const QImage& image : Shown) painter.drawImage(152, 24, image);
+    }
+};
+
+double Milliseconds(const auto& action) {
+    const auto start = std::chrono::steady_clock::now();
+    action();
+    return std::chrono::duration<double, std::milli>(std::chrono::steady_clock::now() - start).count();
+}
+
+} // namespace
+
+int main(int argc, char** argv) {
+    QApplication application(argc, argv);
+    const morvane::Program program = morvane::RunningProgram();
+    const std::string game = argv[1];
+    morvane::frmMain window(program);
+    window.Form_Load();
+    window.show();
+    Pictures bare;
+    bare.resize(window.size());
+    bare.show();
+    QApplication::processEvents();
+
+    for (int run = 0; run < 60; ++run) {
+        const int episode = run % 3 + 1;
+        auto* item = window.findChild<QAction*>("mnuViewEpisode" + QString::number(episode - 1));
+        const double ours = Milliseconds([&] {
+            item->trigger();
+            QApplication::processEvents();
+        });
+        bare.Shown.clear();
+        for (const auto* box : window.findChildren<ui::PictureBox*>())
+            bare.Shown.push_back(box->Image().copy());
+        const double floor = Milliseconds([&] {
+            const std::string number = std::to_string(episode);
+            for (const std::string& path : {game + "/IMG." + number, game + "/MAP." + number,
+                                            program.Folder + "/Episode" + number + ".tsd"}) {
+                QFile file(QString::fromStdString(path));
+                if (!file.open(QIODevice::ReadOnly) || file.readAll().isEmpty()) std::exit(1);
+            }
+            bare.update();
+            QApplication::processEvents();
+        });
+        std::cout << ours << ' ' << floor << '\n';
+    }
+}
