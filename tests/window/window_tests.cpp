@@ -21,16 +21,17 @@ static std::string Edges(const QImage& shot, QPoint at, QPoint step) {
 
 TEST_F(TestWindow, ShowsEverythingInItsPlace) {
     Sample.Groups[511] = SampleGame::MakeGroup(9, 70);
+    Sample.Groups[2].Images[0] = {250, 250, 0, 0, ByteVector(62'500, 9)}; // higher than its box
     StartOnSample();
     std::string edges;
     for (const char* view : {"Ctrl+M", "Ctrl+D", "Ctrl+W"}) {
         Do(view);
         const QImage shot = Window->centralWidget()->grab().toImage();
-        edges += "across " + Edges(shot, {1, 300}, {1, 0}) + "down " + Edges(shot, {460, 20}, {0, 1}) + "\n";
+        edges += "across " + Edges(shot, {1, 300}, {1, 0}) + "down " + Edges(shot, {400, 20}, {0, 1}) + "\n";
     }
     EXPECT_EQ(edges, "across 8 10 16 145 152 600 607 609 down 24 472 479 481 \n"
                      "across 8 10 16 105 607 609 down 479 481 \n"
-                     "across 8 10 16 97 104 145 152 473 607 609 down 184 357 479 481 \n");
+                     "across 8 10 16 97 104 145 152 473 607 609 down 24 137 184 357 479 481 \n");
     EXPECT_EQ(Do("lstGroup 3"), "eVe++*+++*+");
     for (const char* name : Lists)
         for (const ui::ListItem& item : Get<ui::ListBox>(name).Items())
@@ -197,8 +198,7 @@ TEST_F(TestWindow, ExportsAllOfTheView) {
               "eVe+++*++*+" + asked + "\n!^Error: Error: 21\nDescription: " + second + ": Is a directory");
     // Another game is to be opened meanwhile, and cannot.
     Meanwhile = [&](QDialog&) { QTimer::singleShot(0, &Get<QAction>("mnuFileOpen"), &QAction::trigger); };
-    Do("mnuFileExportAll", {empty.Path, ProgramFolder.Path});
-    EXPECT_EQ(State(), "-v----x--x-");
+    EXPECT_TRUE(Do("mnuFileExportAll", {empty.Path, ProgramFolder.Path}).starts_with("-v----x--x-"));
     EXPECT_TRUE(FilesIn(empty.Path).empty());
 }
 
