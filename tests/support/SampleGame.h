@@ -18,15 +18,16 @@ struct SampleGame {
         Sounds[17].Data = Text("Creative Voice File\x1A effect");
     }
 
-    static std::uint8_t Byte(std::size_t number) { return static_cast<std::uint8_t>(number); }
+    static std::uint8_t Byte(auto number) { return static_cast<std::uint8_t>(number); }
     static ByteVector Text(const std::string& text) { return {text.begin(), text.end()}; }
 
     /// Images whose size and pixels tell group and index.
     static encode::Group MakeGroup(int group, int count) {
         encode::Group made{{Byte(group)}, {}, false, {}, {}};
         for (int k = 0; k < count; ++k)
-            made.Images.push_back({Byte(group + k), Byte(3 + k), 0, 0,
-                                   ByteVector((group + k) * (3 + k), Byte(16 * group + k))});
+            made.Images.push_back(
+                {Byte(group + k), Byte(3 + k), 0, 0,
+                 ByteVector(static_cast<std::size_t>((group + k) * (3 + k)), Byte(16 * group + k))});
         return made;
     }
 
