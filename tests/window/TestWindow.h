@@ -30,7 +30,8 @@ inline std::map<std::string, ByteVector> FilesIn(const std::string& folder) {
 /// Tells pictures apart.
 inline std::string SumOf(const QImage& image) {
     const QImage same = image.convertToFormat(QImage::Format_RGB32);
-    return std::to_string(qHashBits(same.constBits(), same.sizeInBytes(), image.width()));
+    const std::string bits = std::to_string(qHash(QByteArrayView(same.constBits(), same.sizeInBytes())));
+    return std::to_string(image.width()) + " wide, " + bits;
 }
 
 /// The real main window with a program folder, symbol files and a sample game of its own, driven as a user
@@ -142,9 +143,8 @@ struct TestWindow : testing::Test {
         want["lstSound"] = "InstBank 1,MIDI 2,VOC 17,";
         for (const char* name : Lists) want[name] += std::to_string(Chosen(name));
         QImage cells(64, 64, QImage::Format_Indexed8);
-        cells.setColorTable(
-            {0xFF000000, 0xFF000000U | 0xA8 * (episode % 2) | 0xA800 * (episode / 2), 0xFFFCFCFC});
-        for (int i = 0; const auto& [below, above] : model.Maps[std::max(Chosen("lstMap"), 0)]) {
+        cells.setColorTable({0xFF000000, QList{0xFF0000A8, 0xFF00A800, 0xFF00A8A8}[episode - 1], 0xFFFCFCFC});
+        for (int i = 0; const auto& [below, above] : model.Maps.begin()[std::max(Chosen("lstMap"), 0)]) {
             cells.setPixel(i % 64, i / 64, above > 0 ? 2 : below);
             ++i;
         }

@@ -2,8 +2,6 @@
 #include "modBrowseForFolder.h"
 #include "modCommonDialog.h"
 
-#include <random>
-
 namespace morvane {
 
 static const std::string Asked = "\n^RSelect the Morvane Folder: GAME";
@@ -149,7 +147,7 @@ TEST_F(TestWindow, AsksForANameAndBeforeItWrites) {
     const std::string longName(300, 'n'), line = longName.substr(200) + "\n";
     for (const auto& [typed, name] : std::map<std::string, std::string>{
              {"", "name.bmp"}, {"tmp", "tmp.bmp"}, {"name.x", "name.x"}, {".x", ".x.bmp"}})
-        EXPECT_EQ(save({typed}), asked + Create("GAME/" + name) + "\n/" + name);
+        EXPECT_EQ(save({typed}), Create("GAME/" + name).insert(0, asked).append("\n/").append(name));
     EXPECT_EQ(save({"old"}), asked + replace + "\n/old.bmp");
     EXPECT_EQ(save({"a", "no", "old.bmp", "no", ""}), asked + Create("GAME/a.bmp") + "\nT: GAME/a" + replace +
                                                           "\nT: GAME/old.bmp" + replace + "\n/old.bmp");
@@ -169,8 +167,9 @@ TEST_F(TestWindow, ExportsTheItemInView) {
                                                  {"Ctrl+D, lstSound 0", "Instrument Bank", "Morvane.ibk"},
                                                  {"Ctrl+D, lstSound 1", "MIDI", "Song 002.mid"},
                                                  {"Ctrl+D, lstSound 2", "VOC", "Sound 017.voc"}}) {
-        const std::string asked = "\n^Save " + title + " As...: PROGRAM/" + name;
-        EXPECT_EQ(Do(entry + ", mnuFileExport", {""}).substr(11), asked + Create("PROGRAM/" + name, "^"));
+        const auto asked = std::string("\n^Save ").append(title).append(" As...: PROGRAM/").append(name);
+        EXPECT_EQ(Do(entry + ", mnuFileExport", {""}).substr(11),
+                  Create("PROGRAM/" + name, "^").insert(0, asked));
         EXPECT_EQ(BytesOf(ProgramFolder / name), files[name]);
     }
     fs::remove(GameDir / "SND.DAT"); // not looked for before a name is chosen
@@ -208,9 +207,9 @@ TEST_F(TestWindow, KeepsTogetherWhatBelongsTogether) {
     const int actions = qEnvironmentVariable("SESSION_ACTIONS", "1500").toInt();
     const unsigned seed = qEnvironmentVariable("SESSION_SEED", "1").toUInt();
     qInfo() << actions << "actions, seed" << seed;
-    std::mt19937 random(seed);
+    QRandomGenerator random(seed);
     const auto pick = [&](const QString& words) {
-        return words.split(' ')[random() % words.split(' ').size()].toStdString();
+        return words.split(' ')[random.bounded(static_cast<int>(words.count(' ')) + 1)].toStdString();
     };
     std::array games{Sample, Sample};
     const std::array<TempFolder, 2> folders;
@@ -228,20 +227,20 @@ TEST_F(TestWindow, KeepsTogetherWhatBelongsTogether) {
         if (action.starts_with("lst")) {
             const auto& list = Get<QListWidget>(action.c_str());
             if (list.count() == 0 || !list.isVisible()) continue;
-            action += " " + std::to_string(random() % std::min(30, list.count()));
+            action += " " + std::to_string(random.bounded(std::min(30, list.count())));
         }
-        const bool opens = action == "Ctrl+O" && random() % 5 != 0;
-        if (opens) Sample = games[game = random() % games.size()];
+        const bool opens = action == "Ctrl+O" && random.bounded(5) != 0;
+        if (opens) Sample = games[game = random.bounded(2U)];
         const std::string path = folders[game] / pick("IMG.1 IMG.2 MAP.1 MAP.2 MAP.3 UIF.DAT");
-        const bool gone = random() % 9 == 0 && fs::exists(path);
+        const bool gone = random.bounded(9) == 0 && fs::exists(path);
         if (gone) fs::rename(path, path + " away");
         const std::string done = opens ? Do(action, {folders[game].Path + pick("/ ")}) : Do(action);
         if (gone) fs::rename(path + " away", path);
-        SCOPED_TRACE("action " + std::to_string(i) + ", " + action + ": " + done);
+        SCOPED_TRACE(testing::Message() << "action " << i << ", " << action << ": " << done);
         ASSERT_TRUE(done.find("MIXED") == std::string::npos &&
                     QString("Vee-- eVe++ eeV++ v---- -v--- --v--").contains(done.substr(0, 5).c_str()));
         ASSERT_FALSE(done.find('!') != std::string::npos && action.starts_with("Ctrl") && IsOpen());
-        ASSERT_EQ(random() % 9 == 0 ? WrongExports() : "", "");
+        ASSERT_EQ(random.bounded(9) == 0 ? WrongExports() : "", "");
         ASSERT_EQ(QApplication::overrideCursor(), nullptr);
     }
 }
