@@ -72,8 +72,8 @@ TEST_F(GameTest, TheImageDirectoryHasGroupsAndTheirImages) {
 }
 
 TEST_F(GameTest, AnImageIsDecodedIntoTheBytesOfABMPFile) {
-    encode::Image large{37, 210, 0, 0, {}};
-    for (int i = 0; i < 37 * 210; ++i) large.Pixels.push_back(static_cast<std::uint8_t>(i * i / 7));
+    encode::Image large{255, 255, 0, 0, {}};
+    for (int i = 0; i < 255 * 255; ++i) large.Pixels.push_back(static_cast<std::uint8_t>(i * 31 / 7));
     Sample.Groups[12].Images = {{3, 2, 0, 0, {1, 3, 5, 2, 4, 6}}, {0, 9, 0, 0, {}}, large};
     Sample.Groups[13] = {{}, {}, false, 1, INT32_MAX - 1};
     Sample.Write(Folder, {1});
@@ -88,9 +88,10 @@ TEST_F(GameTest, AnImageIsDecodedIntoTheBytesOfABMPFile) {
     EXPECT_EQ(ReadImage(Game, Groups, 12, 1).size(), 1078U); // no rows
     EXPECT_EQ(PictureFromBMP(ReadImage(Game, Groups, 12, 1)).Height(), 9);
     const ByteVector bmp = ReadImage(Game, Groups, 12, 2);
-    ASSERT_EQ(bmp.size(), 9478U);
+    ASSERT_EQ(bmp.size(), 0x10336U);
+    EXPECT_EQ(ByteVector(&bmp[2], &bmp[6]), (ByteVector{0x36, 3, 1, 0}));
     for (std::size_t i = 0; i < large.Pixels.size(); ++i)
-        ASSERT_EQ(bmp[1078 + 40 * (209 - i / 37) + i % 37], large.Pixels[i]) << i;
+        ASSERT_EQ(bmp[1078 + 256 * (254 - i / 255) + i % 255], large.Pixels[i]) << i;
 #ifndef _WIN32
     std::filesystem::resize_file(Folder / "IMG.1", INT32_MAX - 1);
     std::ofstream(Folder / "IMG.1", std::ios::app) << std::string("\4\1\0\0\0\0\0\0\0\0ABCD", 14);

@@ -25,8 +25,9 @@ struct SampleGame {
     static encode::Group MakeGroup(int group, int count) {
         encode::Group made{{Byte(group)}, {}, false, {}, {}};
         for (int k = 0; k < count; ++k)
-            made.Images.push_back({Byte(group + k), Byte(3 + k), 0, 0,
-                                   ByteVector(std::size_t{1} * Byte(group + k) * Byte(3 + k), Byte(16 * group + k))});
+            made.Images.push_back(
+                {Byte(group + k), Byte(3 + k), 0, 0,
+                 ByteVector(std::size_t{1} * Byte(group + k) * Byte(3 + k), Byte(16 * group + k))});
         return made;
     }
 

@@ -52,15 +52,10 @@ def find_window(title):
     return found[-1] if found else None
 
 
-def has_focus(window_id):
-    return run('xdotool', 'getwindowfocus').strip() == window_id
-
-
 def window(title):
     # The visible window whose title matches, once it has the focus.
-    found = wait(lambda: find_window(title), 'window "%s"' % title)
-    wait(lambda: has_focus(found), 'focus of "%s"' % title)
-    return found
+    return wait(lambda: find_window(title) == run('xdotool', 'getwindowfocus').strip() and find_window(title),
+                'window "%s"' % title)
 
 
 def gone(title):
@@ -70,7 +65,7 @@ def gone(title):
 def activate(window_id):
     # Gives a window the focus, which the window manager may have lost with a dialog.
     run('xdotool', 'windowactivate', '--sync', window_id)
-    wait(lambda: has_focus(window_id), 'focus of the window')
+    wait(lambda: run('xdotool', 'getwindowfocus').strip() == window_id, 'focus of the window')
 
 
 def keys(*names):
