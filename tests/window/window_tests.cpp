@@ -190,7 +190,7 @@ TEST_F(TestWindow, ExportsAllOfTheView) {
     StartOnSample();
     Sample.Groups.erase(8);
     Do("Ctrl+Shift+F2, Ctrl+D");
-    const TempFolder target, empty;
+    const TempFolder target;
     target.Write("Sound 017.voc", std::string(9000, 'x'));
     const std::string asked = "\n^Export Path: PROGRAM", second = target / "Picture 2-003-01.bmp";
     EXPECT_EQ(Do("mnuFileExportAll", {target.Path + "/"}),
@@ -204,9 +204,8 @@ TEST_F(TestWindow, ExportsAllOfTheView) {
               "eVe+++*++*+" + asked + "\n!^Error: Error: 21\nDescription: " + second + ": Is a directory");
     // Another game is to be opened meanwhile, and cannot.
     Meanwhile = [&](QDialog&) { QTimer::singleShot(0, &Get<QAction>("mnuFileOpen"), &QAction::trigger); };
-    EXPECT_EQ(Do("mnuFileExportAll", {empty.Path, ProgramFolder.Path}),
-              "-v----x--x-" + asked + Asked +
-                  "\n!^Error: Error: 53\nDescription: PROGRAM/GAME.PAL not found.");
+    EXPECT_EQ(Do("mnuFileExportAll", {target.Path, ProgramFolder.Path}).substr(11),
+              asked + Asked + "\n!^Error: Error: 53\nDescription: PROGRAM/GAME.PAL not found.");
 }
 
 // Random actions over two games, with what must always hold checked after each.
