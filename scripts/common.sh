@@ -32,3 +32,9 @@ build() {
     cmake --preset "$preset" > /dev/null
     cmake --build --preset "$preset" ${1:+--target "$@"}
 }
+
+# Tours a program folder with the demo game, in a virtual display of its own; output goes into a folder.
+tour() {
+    build/release/tools/make-demo-game demo build/demo
+    PYTHONDONTWRITEBYTECODE=1 python3 tests/tour/tour.py "$1" build/demo demo "$2"
+}

@@ -14,6 +14,7 @@ TEST(Windows, HiddenAndSystemFilesCountAsAbsent) {
         EXPECT_EQ(IsNormalFile(path), normal);
         EXPECT_EQ(File::OpenNormal(path).has_value(), normal);
         EXPECT_FALSE(WriteByteArray(path, {}, false)); // an export must not write over it unasked
+        if (normal) EXPECT_EQ(FailureOf([&] { WriteByteArray(path, {}, true); }).Number, EACCES);
     }
     ASSERT_TRUE(SetFileAttributesA(path.c_str(), FILE_ATTRIBUTE_NORMAL)); // so that it can be removed
 }

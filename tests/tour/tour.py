@@ -3,10 +3,10 @@
 #
 # usage: tour.py PROGRAM-FOLDER GAME-FOLDER DEMO-FOLDER OUTPUT-FOLDER
 #
-# A copy of the program folder is driven, so that its settings stay as they are. GAME-FOLDER is the demo game packed from the
-# files of DEMO-FOLDER: Export All must give back exactly these. What the window shows is compared with them pixel by pixel,
-# and maps and what damaged folders give with a second reading of the game's files. Ends with a status other than 0 when
-# anything differs.
+# A copy of the program folder is driven, so that its settings stay as they are; Wine runs a program for Windows. GAME-FOLDER
+# is the demo game packed from the files of DEMO-FOLDER: Export All must give back exactly these. What the window shows is
+# compared with them pixel by pixel, and maps and what damaged folders give with a second reading of the game's files. Ends
+# with a status other than 0 when anything differs.
 import os
 import random
 import shutil
@@ -39,10 +39,14 @@ class Tour:
         shutil.rmtree(self.output, ignore_errors=True)
         self.program = self.output / 'program'
         shutil.copytree(program, self.program, ignore=shutil.ignore_patterns('*.ini'))
-        settings = b'[Settings]\r\nOpenPath=' + os.fsencode(self.game) + b'\r\n'
+        self.windows = (self.program / 'morvane-extractor.exe').exists()
+        settings = b'[Settings]\r\nOpenPath=' + os.fsencode(self.native(self.game)) + b'\r\n'
         (self.program / 'morvane-extractor.ini').write_bytes(settings)
         self.demo = {path.name: path.read_bytes() for kind in ('images', 'sounds') for path in (Path(demo) / kind).iterdir()
                      if not path.name.startswith(NOT_EXPORTED)}
+
+    def native(self, path):
+        return 'Z:' + str(path).replace('/', '\\') if self.windows else str(path)
 
     def shoot(self, name):
         self.shots += 1
@@ -59,7 +63,8 @@ class Tour:
         print('  checked:', what)
 
     def run(self):
-        process = desktop.start([self.program / 'morvane-extractor'])
+        command = ['wine', 'morvane-extractor.exe'] if self.windows else ['./morvane-extractor']
+        process = desktop.start(command, cwd=self.program)
         self.main = desktop.window('^Morvane Extractor - 1\\.0\\.0$')
         for number in (1, 2, 3):
             self.tour_episode(number)
@@ -124,10 +129,11 @@ class Tour:
         print('  checked:', name, 'exported alone')
 
     def answer_folder_dialog(self, title, folder):
-        desktop.window('^%s$' % title)
-        desktop.type_text(str(folder))
+        title = '^(%s|Select Folder)$' % title  # the latter is Wine's
+        desktop.window(title)
+        desktop.type_text(self.native(folder))
         desktop.keys('Return')
-        desktop.gone('^%s$' % title)
+        desktop.gone(title)
 
     def export_all(self, name, expected):
         target = self.output / name

@@ -73,7 +73,7 @@ struct TestWindow : testing::Test {
     /// dialogs, and what is mixed.
     std::string Do(const std::string& action, const QList<std::string>& answers = {}) {
         Answers = answers;
-        Window->activateWindow();
+        QApplication::setActiveWindow(Window.get());
         QApplication::processEvents();
         for (const QString& step : QString::fromStdString(action).split(", ")) {
             QWidget* focus = QApplication::focusWidget();
