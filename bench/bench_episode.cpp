@@ -36,7 +36,7 @@ double Milliseconds(const auto& action) {
 int main(int argc, char** argv) {
     QApplication application(argc, argv);
     const morvane::Program program = morvane::RunningProgram();
-    const std::string game = argv[1];
+    const QString game = argv[1];
     morvane::frmMain window(program);
     window.Form_Load();
     window.show();
@@ -56,10 +56,10 @@ int main(int argc, char** argv) {
         for (const auto* box : window.findChildren<ui::PictureBox*>())
             bare.Shown.push_back(box->Image().copy());
         const double floor = Milliseconds([&] {
-            const std::string number = std::to_string(episode);
-            for (const std::string& path : {game + "/IMG." + number, game + "/MAP." + number,
-                                            program.Folder + "/Episode" + number + ".tsd"}) {
-                QFile file(QString::fromStdString(path));
+            const QString number = QString::number(episode);
+            for (const QString& path : {game + "/IMG." + number, game + "/MAP." + number,
+                                        program.Folder.c_str() + ("/Episode" + number) + ".tsd"}) {
+                QFile file(path);
                 if (!file.open(QIODevice::ReadOnly) || file.readAll().isEmpty()) std::exit(1);
             }
             bare.update();

@@ -6,7 +6,7 @@
 namespace morvane {
 
 bool LoadPalette(const GameFolder& game) {
-    std::array<std::uint8_t, 3 * 256> triples{};
+    std::array<std::uint8_t, 768> triples{}; // 256 of them
     GameFile(game, "GAME.PAL").Read(1156, triples);
     for (std::size_t i = 0; i < Palette.size(); ++i) {
         Palette[i].Red = triples[3 * i];

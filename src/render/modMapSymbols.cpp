@@ -63,7 +63,8 @@ Picture MakeSymbolTile(std::string_view pattern) {
     Picture tile(TileSide, TileSide);
     for (int y = 0; y < TileSide; ++y)
         for (int x = 0; x < TileSide; ++x) {
-            const std::size_t digit = HexDigits.find(pattern[static_cast<std::size_t>(TileSide * y + x)]);
+            const auto place = static_cast<std::size_t>(y) * TileSide + static_cast<std::size_t>(x);
+            const std::size_t digit = HexDigits.find(pattern[place]);
             tile.At(x, y) = PixelOfSymbolColor(SymbolColors[digit < 16 ? digit : digit - 6]);
         }
     return tile;

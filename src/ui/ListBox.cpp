@@ -68,9 +68,11 @@ void ListBox::SetItems(const std::vector<ListItem>& items) {
 }
 
 std::vector<ListItem> ListBox::Items() const {
-    std::vector<ListItem> items;
-    for (int i = 0; i < count(); ++i)
-        items.push_back({item(i)->text().toStdString(), item(i)->data(Qt::UserRole).toInt()});
+    std::vector<ListItem> items(static_cast<std::size_t>(count()));
+    for (int i = 0; ListItem & entry : items) {
+        entry = {item(i)->text().toStdString(), item(i)->data(Qt::UserRole).toInt()};
+        ++i;
+    }
     return items;
 }
 

@@ -23,8 +23,8 @@ void PictureBox::Show(std::vector<std::uint32_t> pixels, int width, int height,
                       const std::string& description) {
     const QString name = QString::fromStdString(description);
     Pixels = std::move(pixels);
-    Shown =
-        QImage(reinterpret_cast<const uchar*>(Pixels.data()), width, height, 4 * width, QImage::Format_RGB32);
+    Shown = QImage(reinterpret_cast<const uchar*>(Pixels.data()), width, height, qsizetype{4} * width,
+                   QImage::Format_RGB32);
     setAccessibleName(name);
     update();
 }
