@@ -5,7 +5,7 @@
 
 using namespace morvane;
 
-TEST(Windows, HiddenAndSystemFilesCountAsAbsent) {
+TEST(Windows, HiddenFilesAndDevicesCountAsAbsent) {
     const TempFolder folder;
     const std::string path = folder.Write("GAME.PAL", "x");
     for (const DWORD attribute : {FILE_ATTRIBUTE_HIDDEN, FILE_ATTRIBUTE_SYSTEM, FILE_ATTRIBUTE_READONLY}) {
@@ -17,9 +17,6 @@ TEST(Windows, HiddenAndSystemFilesCountAsAbsent) {
         if (normal) EXPECT_EQ(FailureOf([&] { WriteByteArray(path, {}, true); }).Number, EACCES);
     }
     ASSERT_TRUE(SetFileAttributesA(path.c_str(), FILE_ATTRIBUTE_NORMAL)); // so that it can be removed
-}
-
-TEST(Windows, DevicesAreNoFiles) {
     EXPECT_FALSE(File::OpenNormal("NUL"));
     EXPECT_EQ(FailureOf([] { WriteInPlace("NUL", {}); }).Number, EINVAL);
 }

@@ -3,8 +3,6 @@
 
 #include "TestWindow.h"
 
-#include <QApplication>
-
 #include <cerrno>
 #include <fcntl.h>
 #include <iostream>

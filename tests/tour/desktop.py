@@ -48,8 +48,7 @@ def wait(condition, what, seconds=30):
 
 
 def find_window(title):
-    found = run('xdotool', 'search', '--onlyvisible', '--name', title).split()
-    return found[-1] if found else None
+    return (run('xdotool', 'search', '--onlyvisible', '--name', title).split() or [None])[-1]
 
 
 def window(title):

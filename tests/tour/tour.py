@@ -63,8 +63,7 @@ class Tour:
         print('  checked:', what)
 
     def run(self):
-        command = ['wine', 'morvane-extractor.exe'] if self.windows else ['./morvane-extractor']
-        process = desktop.start(command, cwd=self.program)
+        process = desktop.start(['wine', 'morvane-extractor.exe'] if self.windows else ['./morvane-extractor'], cwd=self.program)
         self.main = desktop.window('^Morvane Extractor - 1\\.0\\.0$')
         for number in (1, 2, 3):
             self.tour_episode(number)
