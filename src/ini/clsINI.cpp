@@ -35,7 +35,7 @@ bool StandsBefore(std::string_view name, std::string_view other) {
     return !otherNumber || *number < *otherNumber;
 }
 
-// Appends the rest of a file to the text; what comes before a failure is in it.
+// Appends the content of a file to the text. After a failure the text holds what was read before it.
 void AppendContent(const File& file, std::string& text) {
     std::array<std::uint8_t, 65536> part{};
     for (std::int64_t position = 0;; position += part.size()) {

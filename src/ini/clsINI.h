@@ -76,7 +76,8 @@ class clsINI {
                                         const AnyValue& defaultValue = {}) const;
 
     /// Gives a key a value, adding it and its section when missing, and saves. Names are written as they are:
-    /// a key that begins with ";" or "[" or holds a "=" comes back from its file as something else.
+    /// a key that begins with ";" or "[" or holds a "=" comes back from its file as something else. While a
+    /// name or value holds a CR, nothing is saved and every attempt shows the message.
     void WriteValue(std::string_view sectionName, std::string_view keyName, std::string value);
 
   private:
