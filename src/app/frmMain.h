@@ -86,11 +86,12 @@ class frmMain : public QMainWindow {
     ui::PictureBox* AddPictureBox(QWidget* frame, const char* name, QRect place);
 
     Program ThisProgram;
-    std::unique_ptr<clsINI> SettingsFile; // from Form_Load until the window is closed
+    std::shared_ptr<clsINI> SettingsFile; // from Form_Load until the window is closed
     std::optional<Failure> PendingError;
 
     /// While the controls are enabled, all tables here, all lists and both pictures belong to its GamePath
-    /// and CurrentEpisode. Whatever leaves them apart disables the controls.
+    /// and CurrentEpisode. Whatever leaves them apart disables the controls; an open whose
+    /// first episode lists nothing leaves empty lists.
     LoadedGame Game;
     std::int32_t CurrentView = 0;               // 0 Maps, 1 Walls/Sprites, 2 Sounds
     std::vector<std::uint8_t> CurrentImageFile; // BMP bytes of the image shown last

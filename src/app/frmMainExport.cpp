@@ -68,8 +68,10 @@ void frmMain::mnuFileExportAll_Click() {
     const ui::BusyPointer busy;
     if (CurrentView == 1)
         ExportAllImages(Game, folder);
-    else
+    else if (CurrentView == 2)
         ExportAllSounds(Game, folder);
+    else
+        return;
     ui::ShowMessageBox(this, "Morvane Extractor", "Done", ui::BoxIcon::None);
 }
 

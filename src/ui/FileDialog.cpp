@@ -14,7 +14,7 @@ FileDialog::FileDialog(QWidget* owner, const std::string& title)
 }
 
 void FileDialog::ShowNearest(const QString& folder) {
-    QFileInfo nearest(folder);
+    QFileInfo nearest(folder.isEmpty() ? QDir::homePath() : folder);
     while (!nearest.isDir() && !nearest.isRoot()) nearest = QFileInfo(nearest.path());
     setDirectory(nearest.filePath());
 }

@@ -11,7 +11,8 @@ class FileDialog : public QFileDialog {
   public:
     FileDialog(QWidget* owner, const std::string& title);
 
-    /// Shows a folder, or the nearest one above it that exists and whose name is text.
+    /// Shows a folder, or the nearest one above it that exists and whose name is text; the home folder when
+    /// there is none to begin with.
     void ShowNearest(const QString& folder);
 
     /// Closes the dialog, or tells what is wrong with the choice and stays.

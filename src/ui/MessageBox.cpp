@@ -15,7 +15,7 @@ QWidget* ShownOwner(QWidget* owner) { return owner != nullptr && owner->isVisibl
 
 void ShowMessageBox(QWidget* owner, const std::string& title, const std::string& text, BoxIcon icon) {
     constexpr std::array Icons{QMessageBox::NoIcon, QMessageBox::Warning, QMessageBox::Critical};
-    const QRegularExpression longName(R"(([^\s/\\]{100}))");
+    const QRegularExpression longName(R"(([^\s/\\]{100})(?=[^\s/\\]))");
     QMessageBox box(ShownOwner(owner));
     box.setWindowTitle(FromBytes(title));
     box.setTextFormat(Qt::PlainText);

@@ -33,7 +33,8 @@ class SaveDialog : public FileDialog {
     /// The path chosen. A name without an extension gets the default one; a leading dot begins none.
     [[nodiscard]] QString Path() const {
         const QString path = selectedFiles().value(0);
-        const bool extended = QFileInfo(path).isDir() || QFileInfo(path).fileName().lastIndexOf('.') > 0;
+        const bool extended =
+            path.isEmpty() || QFileInfo(path).isDir() || QFileInfo(path).fileName().lastIndexOf('.') > 0;
         return extended ? path : path + "." + Extension;
     }
 
@@ -67,7 +68,7 @@ class SaveDialog : public FileDialog {
     [[nodiscard]] QString Complaint() const override {
         const QFileInfo file(Path());
         QString complaint;
-        if (!file.dir().exists()) complaint = "\nThere is no such folder.";
+        if (file.filePath().isEmpty() || !file.dir().exists()) complaint = "\nThere is no such folder.";
         if (QFile::encodeName(file.fileName()).size() > LongestName) complaint = "\nThe name is too long.";
         return complaint.isEmpty() ? complaint : QDir::toNativeSeparators(file.filePath()) + complaint;
     }
