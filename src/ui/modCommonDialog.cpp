@@ -21,8 +21,8 @@ QStringList NameFilters(const std::string& filter) {
 
 class SaveDialog : public FileDialog {
   public:
-    SaveDialog(QWidget* owner, const std::string& title, const QStringList& filters, QString extension)
-        : FileDialog(owner, title), Filters(filters), Extension(std::move(extension)) {
+    SaveDialog(QWidget* owner, const std::string& title, QStringList filters, QString extension)
+        : FileDialog(owner, title), Filters(std::move(filters)), Extension(std::move(extension)) {
         setAcceptMode(AcceptSave);
         setFileMode(AnyFile);
         // The questions are our own, so that they are the same on every desktop.
