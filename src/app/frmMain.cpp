@@ -218,7 +218,7 @@ void frmMain::lstImage_Click() {
     const int image = lstImage->ListIndex();
     std::vector<std::uint8_t> file = ReadImage(Game.Folder, Game.Groups, group, image);
     Picture picture = PictureFromBMP(file);
-    // All that can fail comes before the first change.
+    // What reads the archive comes before the first change, so that a failure leaves the image shown.
     const std::string description = "Group " + std::to_string(group) + " image " + std::to_string(image) +
                                     ", " + std::to_string(picture.Width()) + " x " +
                                     std::to_string(picture.Height());
