@@ -4,12 +4,21 @@
 #include <QPainter>
 #include <QStyledItemDelegate>
 
+#include <algorithm>
+
 namespace ui {
 
 namespace {
 
 constexpr int RowHeight = 13;
 constexpr int TextMargin = 2;
+
+/// What marks the selection of a list without the focus: plainly seen, and light enough for text of the base.
+QColor Mixed(const QColor& highlight, const QColor& base) {
+    const auto part = [](int a, int b) { return (2 * a + 3 * b) / 5; };
+    return {part(highlight.red(), base.red()), part(highlight.green(), base.green()),
+            part(highlight.blue(), base.blue())};
+}
 
 // Draws an entry in a row of the fixed layout; narrow lists keep every digit.
 class RowPainter : public QStyledItemDelegate {
@@ -25,19 +34,22 @@ class RowPainter : public QStyledItemDelegate {
                const QModelIndex& index) const override {
         const bool selected = (option.state & QStyle::State_Selected) != 0;
         const bool enabled = (option.state & QStyle::State_Enabled) != 0;
-        const bool active = (option.state & QStyle::State_Active) != 0;
-        const auto group = !enabled ? QPalette::Disabled : active ? QPalette::Active : QPalette::Inactive;
-        if (selected) painter->fillRect(option.rect, option.palette.brush(group, QPalette::Highlight));
+        const bool focused = option.widget->hasFocus();
+        const auto group = enabled ? QPalette::Active : QPalette::Disabled;
+        const QColor base = option.palette.color(group, QPalette::Base);
+        const QColor highlight = option.palette.color(group, QPalette::Highlight);
+        const QColor back = !selected ? base : focused ? highlight : Mixed(highlight, base);
+        if (selected) painter->fillRect(option.rect, back);
         painter->setFont(option.font);
-        painter->setPen(option.palette.color(group, selected ? QPalette::HighlightedText : QPalette::Text));
+        painter->setPen(
+            option.palette.color(group, selected && focused ? QPalette::HighlightedText : QPalette::Text));
         painter->drawText(option.rect.adjusted(TextMargin, 0, 0, 0), Qt::AlignLeft | Qt::AlignVCenter,
                           index.data().toString());
         if ((option.state & QStyle::State_HasFocus) != 0) {
             QStyleOptionFocusRect focus;
             focus.initFrom(option.widget);
             focus.rect = option.rect;
-            focus.backgroundColor =
-                option.palette.color(group, selected ? QPalette::Highlight : QPalette::Base);
+            focus.backgroundColor = back;
             option.widget->style()->drawPrimitive(QStyle::PE_FrameFocusRect, &focus, painter, option.widget);
         }
     }
@@ -100,7 +112,15 @@ void ListBox::mousePressEvent(QMouseEvent* event) {
 }
 
 void ListBox::mouseMoveEvent(QMouseEvent* event) {
-    HandleAndAnnounce([&] { QListWidget::mouseMoveEvent(event); }, false);
+    // Past an end of the list, the entry at that end is meant; the toolkit then scrolls on by itself.
+    const QRect last = count() > 0 ? visualItemRect(item(count() - 1)) : QRect();
+    const QRect view = viewport()->rect();
+    const QPoint at(
+        std::clamp(event->pos().x(), view.left(), view.right()),
+        std::clamp(event->pos().y(), view.top(), std::max(0, std::min(view.bottom(), last.bottom()))));
+    QMouseEvent inside(event->type(), at, event->globalPosition(), event->button(), event->buttons(),
+                       event->modifiers());
+    HandleAndAnnounce([&] { QListWidget::mouseMoveEvent(&inside); }, false);
 }
 
 // The second press of a double click selects like any other.

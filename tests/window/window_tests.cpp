@@ -47,6 +47,46 @@ TEST_F(TestWindow, ShowsEverythingInItsPlace) {
     EXPECT_TRUE(Get("fra1").font().bold() && QFontInfo(Get("txt").font()).fixedPitch());
 }
 
+// The colour behind the selected entry of a list.
+static QColor BehindSelected(const QListWidget& list) {
+    const QRect entry = list.visualItemRect(list.currentItem());
+    return list.viewport()->grab().toImage().pixelColor(entry.right() - 2, entry.center().y());
+}
+
+TEST_F(TestWindow, MarksTheListThatHasTheKeyboard) {
+    StartOnSample();
+    Do("Ctrl+W");
+    for (const auto& [base, weaker] :
+         std::map<QString, QString>{{"#ffffff", "#9dc1e9"}, {"#141e28", "#103a68"}}) {
+        QPalette palette;
+        palette.setColor(QPalette::Base, base);
+        palette.setColor(QPalette::Highlight, "#0a64c8");
+        palette.setColor(QPalette::Inactive, QPalette::Highlight, base); // as some desktops have it
+        for (const char* name : Lists) Get(name).setPalette(palette);
+        for (const QStringList& lists : {QStringList{"lstGroup", "lstImage"}, {"lstImage", "lstGroup"}}) {
+            Do(lists[0].toStdString() + " 0");
+            EXPECT_EQ(BehindSelected(Get<QListWidget>(lists[0])).name(), "#0a64c8");
+            EXPECT_EQ(BehindSelected(Get<QListWidget>(lists[1])).name(), weaker);
+        }
+    }
+}
+
+TEST_F(TestWindow, KeepsADraggedSelectionInView) {
+    Sample.Maps.resize(70);
+    StartOnSample();
+    auto& list = Get<QListWidget>("lstMap");
+    QTest::mousePress(list.viewport(), Qt::LeftButton, {}, {20, 20});
+    for (const int y : {500, 510, -30, -40}) {
+        QMouseEvent move(QEvent::MouseMove, {20, 1. * y}, list.viewport()->mapToGlobal(QPointF(20, y)),
+                         Qt::NoButton, Qt::LeftButton, {});
+        QApplication::sendEvent(list.viewport(), &move);
+        const int end = y > 0 ? 69 : 0; // a second event at the edge makes the list scroll on to it
+        const bool first = y == 500 || y == -30;
+        EXPECT_TRUE(first || QTest::qWaitFor([&] { return list.currentRow() == end; })) << list.currentRow();
+        EXPECT_TRUE(list.viewport()->rect().contains(list.visualItemRect(list.currentItem()))) << y;
+    }
+}
+
 // Wine's offscreen windows do not close the toolkit's file dialogs; the tour answers the desktop's.
 #ifndef _WIN32
 TEST_F(TestWindow, AsksForTheFolderAtTheFirstStart) {
