@@ -87,6 +87,16 @@ TEST_F(TestWindow, KeepsADraggedSelectionInView) {
     }
 }
 
+TEST_F(TestWindow, NeverChangesTheFontOfTheCodes) {
+    StartOnSample();
+    auto& codes = Get<QPlainTextEdit>("txt");
+    const QFont font = codes.font();
+    QWheelEvent twoNotches({20, 20}, codes.mapToGlobal(QPointF(20, 20)), {}, {0, -240}, {},
+                           Qt::ControlModifier, Qt::NoScrollPhase, false);
+    QApplication::sendEvent(codes.viewport(), &twoNotches);
+    EXPECT_EQ(codes.font(), font);
+}
+
 // Wine's offscreen windows do not close the toolkit's file dialogs; the tour answers the desktop's.
 #ifndef _WIN32
 TEST_F(TestWindow, AsksForTheFolderAtTheFirstStart) {
