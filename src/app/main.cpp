@@ -1,10 +1,12 @@
 #include "Paths.h"
+#include "Toolkit.h"
 #include "frmMain.h"
 
 #include <QApplication>
 
 int main(int argc, char** argv) {
     morvane::SurviveFileSizeLimits();
+    ui::PrepareToolkit();
     QApplication application(argc, argv);
     QGuiApplication::setDesktopFileName(
         "org.morvane.Extractor"); // whose icon is the window's on some desktops

@@ -3,15 +3,10 @@
 #include "MessageBox.h"
 #include "Text.h"
 
-#include <QSettings>
-
 namespace ui {
 
 FileDialog::FileDialog(QWidget* owner, const std::string& title)
-    : QFileDialog(ShownOwner(owner), FromBytes(title)) {
-    // Where the toolkit keeps settings in files, there is no place for this one.
-    QSettings::setPath(QSettings::NativeFormat, QSettings::UserScope, "/dev/null");
-}
+    : QFileDialog(ShownOwner(owner), FromBytes(title)) {}
 
 void FileDialog::ShowNearest(const QString& folder) {
     QFileInfo nearest(folder.isEmpty() ? QDir::homePath() : folder);
@@ -19,19 +14,29 @@ void FileDialog::ShowNearest(const QString& folder) {
     setDirectory(nearest.filePath());
 }
 
+bool FileDialog::Run() {
+    while (exec() == Accepted) {
+        const bool ofTheSystem = testAttribute(Qt::WA_DontShowOnScreen);
+        if (!ofTheSystem || Agrees(parentWidget())) return true;
+        // Without being told what it held, the dialog would come back as it first was.
+        const QString chosen = selectedFiles().value(0), filter = selectedNameFilter();
+        ShowNearest(chosen.isEmpty() ? directory().path() : QFileInfo(chosen).path());
+        selectFile(chosen);
+        selectNameFilter(filter);
+    }
+    return false;
+}
+
 void FileDialog::accept() {
+    // A dialog of the system's has gone from the screen by now. It must end here, or it would go on blocking
+    // the window.
+    if (testAttribute(Qt::WA_DontShowOnScreen)) return QDialog::accept();
     try {
-        const QString complaint = Complaint();
-        if (complaint.isEmpty())
-            QFileDialog::accept();
-        else
-            Tell(complaint);
+        if (Agrees(this)) QFileDialog::accept();
     } catch (...) { // short of memory; nothing may pass through Qt, so the dialog stays
     }
 }
 
-void FileDialog::Tell(const QString& text) {
-    ShowMessageBox(this, ToBytes(windowTitle()), ToBytes(text), BoxIcon::Warning);
-}
+QLineEdit* FileDialog::Field() const { return findChild<QLineEdit*>("fileNameEdit"); }
 
 } // namespace ui

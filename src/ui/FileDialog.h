@@ -1,12 +1,14 @@
 #pragma once
 
 #include <QFileDialog>
+#include <QLineEdit>
 
 #include <string>
 
 namespace ui {
 
-/// The toolkit's file dialog. Leaves no settings file of the toolkit's own in the user's home.
+/// The platform's file dialog: the toolkit's own, which stays open while the user is asked or told something
+/// about the choice; or the system's, which has closed by then and is shown again as it was left.
 class FileDialog : public QFileDialog {
   public:
     FileDialog(QWidget* owner, const std::string& title);
@@ -15,15 +17,18 @@ class FileDialog : public QFileDialog {
     /// there is none to begin with.
     void ShowNearest(const QString& folder);
 
-    /// Closes the dialog, or tells what is wrong with the choice and stays.
+    /// Shows the dialog until the user cancels it or makes a choice that is agreed on. True for the latter.
+    bool Run();
+
     void accept() override;
 
   protected:
-    /// What is wrong with the path chosen; an empty text when nothing is.
-    [[nodiscard]] virtual QString Complaint() const = 0;
+    /// Judges the choice: asks and tells the user what there is to be asked and told, in boxes over the
+    /// owner. False leads back into the dialog.
+    virtual bool Agrees(QWidget* owner) = 0;
 
-    /// Shows a message over the dialog.
-    void Tell(const QString& text);
+    /// The field for a name; nullptr in a dialog of the system's.
+    [[nodiscard]] QLineEdit* Field() const;
 };
 
 } // namespace ui

@@ -5,29 +5,80 @@
 #include <QGridLayout>
 #include <QGuiApplication>
 #include <QMessageBox>
-#include <QRegularExpression>
-
-#include <array>
+#include <QTextLayout>
 
 namespace ui {
 
-QWidget* ShownOwner(QWidget* owner) { return owner != nullptr && owner->isVisible() ? owner : nullptr; }
+namespace {
 
-void ShowMessageBox(QWidget* owner, const std::string& title, const std::string& text, BoxIcon icon) {
-    constexpr std::array Icons{QMessageBox::NoIcon, QMessageBox::Warning, QMessageBox::Critical};
-    const QRegularExpression longName(R"(([^\s/\\]{100})(?=[^\s/\\]))");
-    QMessageBox box(ShownOwner(owner));
-    box.setWindowTitle(FromBytes(title));
+QMessageBox::Icon IconOf(BoxIcon icon) {
+    switch (icon) {
+    case BoxIcon::None:
+        break;
+    case BoxIcon::Question:
+        return QMessageBox::Question;
+    case BoxIcon::Warning:
+        return QMessageBox::Warning;
+    case BoxIcon::Critical:
+        return QMessageBox::Critical;
+    }
+    return QMessageBox::NoIcon;
+}
+
+/// A word in pieces that a box has room for, each on a line of its own.
+QString Broken(const QString& word, const QFont& font) {
+    constexpr int LongestLine = 400; // in pixels; with icon and margins it fits any box
+    QTextOption anywhere;
+    anywhere.setWrapMode(QTextOption::WrapAtWordBoundaryOrAnywhere);
+    QTextLayout layout(word, font);
+    layout.setTextOption(anywhere);
+    QStringList pieces;
+    layout.beginLayout();
+    for (QTextLine line = layout.createLine(); line.isValid(); line = layout.createLine()) {
+        line.setLineWidth(LongestLine);
+        pieces += word.mid(line.textStart(), line.textLength());
+    }
+    layout.endLayout();
+    return pieces.join('\n');
+}
+
+/// The text with its long words broken, as names and paths can be. The box itself breaks between words.
+QString WithBrokenWords(const QString& text, const QFont& font) {
+    QStringList lines = text.split('\n');
+    for (QString& line : lines) {
+        QStringList words = line.split(' ');
+        for (QString& word : words) word = Broken(word, font);
+        line = words.join(' ');
+    }
+    return lines.join('\n');
+}
+
+int Run(QWidget* owner, const std::string& title, const std::string& text, BoxIcon icon,
+        QMessageBox::StandardButtons buttons, QMessageBox::StandardButton preset) {
+    QMessageBox box(IconOf(icon), FromBytes(title), {}, buttons, ShownOwner(owner));
     box.setTextFormat(Qt::PlainText);
-    box.setText(FromBytes(text).replace("\r\n", "\n").replace(longName, "\\1\n"));
-    box.setIcon(Icons[static_cast<std::size_t>(icon)]);
-    box.setStandardButtons(QMessageBox::Ok);
+    box.setText(WithBrokenWords(FromBytes(text).replace("\r\n", "\n"), box.font()));
+    box.setDefaultButton(preset);
     // A short text alone would leave no room for the caption.
     constexpr int CaptionButtons = 120;
     const int width = box.fontMetrics().horizontalAdvance(box.windowTitle()) + CaptionButtons;
     auto* layout = static_cast<QGridLayout*>(box.layout());
     layout->addItem(new QSpacerItem(width, 0), layout->rowCount(), 0, 1, layout->columnCount());
-    box.exec();
+    return box.exec();
+}
+
+} // namespace
+
+QWidget* ShownOwner(QWidget* owner) { return owner != nullptr && owner->isVisible() ? owner : nullptr; }
+
+void ShowMessageBox(QWidget* owner, const std::string& title, const std::string& text, BoxIcon icon) {
+    Run(owner, title, text, icon, QMessageBox::Ok, QMessageBox::Ok);
+}
+
+bool AskInBox(QWidget* owner, const std::string& title, const std::string& text, BoxIcon icon,
+              bool yesIsPreset) {
+    return Run(owner, title, text, icon, QMessageBox::Yes | QMessageBox::No,
+               yesIsPreset ? QMessageBox::Yes : QMessageBox::No) == QMessageBox::Yes;
 }
 
 BusyPointer::BusyPointer() { QGuiApplication::setOverrideCursor(Qt::WaitCursor); }

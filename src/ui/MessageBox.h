@@ -6,7 +6,7 @@ class QWidget;
 
 namespace ui {
 
-enum class BoxIcon { None, Warning, Critical };
+enum class BoxIcon { None, Question, Warning, Critical };
 
 /// The owner of a dialog: the window given, or none while it is not shown yet, which puts the dialog into the
 /// middle of the screen.
@@ -15,6 +15,10 @@ QWidget* ShownOwner(QWidget* owner);
 /// Shows a modal message box with an OK button and waits until it is closed. Line breaks in the text may be
 /// CR LF or LF; names too long for a line are broken as well.
 void ShowMessageBox(QWidget* owner, const std::string& title, const std::string& text, BoxIcon icon);
+
+/// Asks in such a box, with the buttons Yes and No, of which one is preset. Returns true for Yes.
+bool AskInBox(QWidget* owner, const std::string& title, const std::string& text, BoxIcon icon,
+              bool yesIsPreset);
 
 /// Shows the busy pointer over the whole program from its making until Restore or the end of its scope.
 class BusyPointer {

@@ -1,9 +1,11 @@
 #include "modCommonDialog.h"
 
 #include "FileDialog.h"
+#include "MessageBox.h"
 #include "Text.h"
+#include "Toolkit.h"
 
-#include <QMessageBox>
+#include <QListView>
 
 namespace ui {
 
@@ -33,8 +35,9 @@ class SaveDialog : public FileDialog {
     /// The path chosen. A name without an extension gets the default one; a leading dot begins none.
     [[nodiscard]] QString Path() const {
         const QString path = selectedFiles().value(0);
+        const QFileInfo file(path);
         const bool extended =
-            path.isEmpty() || QFileInfo(path).isDir() || QFileInfo(path).fileName().lastIndexOf('.') > 0;
+            file.fileName().isEmpty() || file.isDir() || file.fileName().lastIndexOf('.') > 0;
         return extended ? path : path + "." + Extension;
     }
 
@@ -46,36 +49,49 @@ class SaveDialog : public FileDialog {
         return 0;
     }
 
-    /// Asks whether the chosen file shall be written. A folder is entered instead.
-    bool Confirmed() {
-        const QFileInfo file(Path());
-        if (file.isDir()) {
-            setDirectory(file.filePath());
-            return false;
-        }
-        const QString path = QDir::toNativeSeparators(file.filePath());
-        const bool exists = file.exists() || file.isSymLink();
-        QMessageBox box(exists ? QMessageBox::Warning : QMessageBox::Question, "Confirm Save As",
-                        exists ? path + " already exists.\nDo you want to replace it?"
-                               : path + " does not exist.\nDo you want to create it?",
-                        QMessageBox::Yes | QMessageBox::No, parentWidget());
-        box.setTextFormat(Qt::PlainText);
-        box.setDefaultButton(exists ? QMessageBox::No : QMessageBox::Yes);
-        return box.exec() == QMessageBox::Yes;
+    /// Proposes a file name.
+    void Propose(const QString& name) {
+        Name = name;
+        selectFile(name);
     }
 
   protected:
-    [[nodiscard]] QString Complaint() const override {
+    bool Agrees(QWidget* owner) override {
         const QFileInfo file(Path());
-        QString complaint;
-        if (file.filePath().isEmpty() || !file.dir().exists()) complaint = "\nThere is no such folder.";
-        if (QFile::encodeName(file.fileName()).size() > LongestName) complaint = "\nThe name is too long.";
-        return complaint.isEmpty() ? complaint : QDir::toNativeSeparators(file.filePath()) + complaint;
+        if (file.isDir()) {
+            Enter(file.filePath());
+            return false;
+        }
+        const QString name = QFileInfo(selectedFiles().value(0)).fileName();
+        if (!name.isEmpty()) Name = name;
+        if (!file.dir().exists()) return Tell(owner, file.path(), "\nThere is no such folder.");
+        if (IsTooLongName(file.fileName())) return Tell(owner, file.filePath(), "\nThe name is too long.");
+        const bool exists = file.exists() || file.isSymLink();
+        const QString question = exists ? " already exists.\nDo you want to replace it?"
+                                        : " does not exist.\nDo you want to create it?";
+        return AskInBox(owner, "Confirm Save As",
+                        ToBytes(QDir::toNativeSeparators(file.filePath()) + question),
+                        exists ? BoxIcon::Warning : BoxIcon::Question, !exists);
     }
 
   private:
-    static constexpr qsizetype LongestName = 255; // in bytes; more is too long for any file system
+    /// Enters a folder, chosen in the list or typed. A typed one makes room for the name that stood there
+    /// before.
+    void Enter(const QString& folder) {
+        if (auto* list = findChild<QListView*>("listView")) list->clearSelection(); // leaves what is typed
+        const bool typed = Field() != nullptr && !Field()->text().isEmpty() && QFileInfo(Path()).isDir();
+        setDirectory(folder);
+        if (typed) Field()->setText(Name);
+    }
 
+    /// Tells what is wrong with a path; false, for that is what it leads to.
+    bool Tell(QWidget* owner, const QString& path, const QString& complaint) {
+        ShowMessageBox(owner, ToBytes(windowTitle()), ToBytes(QDir::toNativeSeparators(path) + complaint),
+                       BoxIcon::Warning);
+        return false;
+    }
+
+    QString Name; // the file name proposed, or chosen last
     QStringList Filters;
     QString Extension;
 };
@@ -89,10 +105,8 @@ std::string ShowSaveDialog(QWidget* owner, const std::string& filter, const std:
     SaveDialog dialog(owner, title, filters, FromBytes(defaultExtension));
     dialog.ShowNearest(FromBytes(initialFolder));
     dialog.selectNameFilter(filters.value(filterIndex - 1));
-    dialog.selectFile(FromBytes(defaultFileName));
-    bool accepted = false;
-    do accepted = dialog.exec() == QDialog::Accepted;
-    while (accepted && !dialog.Confirmed());
+    dialog.Propose(FromBytes(defaultFileName));
+    const bool accepted = dialog.Run();
     filterIndex = dialog.FilterIndex();
     return accepted ? ToBytes(QDir::toNativeSeparators(dialog.Path())) : std::string();
 }

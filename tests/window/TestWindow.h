@@ -180,6 +180,9 @@ struct TestWindow : testing::Test {
         EXPECT_GT(dialog->width(), dialog->fontMetrics().horizontalAdvance(dialog->windowTitle()) + 100);
         if (asks) seen += box->defaultButton()->text().right(1) == "s" ? 'Y' : 'N';
         seen += dialog->windowTitle() + ": ";
+        for (const QLabel* label : dialog->findChildren<QLabel*>("qt_msgbox_label"))
+            for (const QString& word : label->text().split(QRegularExpression("\\s"))) // nothing is cut off
+                EXPECT_LE(label->fontMetrics().horizontalAdvance(word), label->width());
         seen += box != nullptr ? box->text() : files->directory().filePath(name->text());
         Seen += seen.replace(GameDir.Path.c_str(), "GAME").replace(ProgramFolder.Path.c_str(), "PROGRAM");
         if (Meanwhile) std::exchange(Meanwhile, {})(*dialog);

@@ -175,6 +175,17 @@ TEST_F(TestWindow, ChoosesFolders) {
     Answers = {GameDir / "none", GameDir.Path};
     EXPECT_EQ(ui::BrowseForFolder(GameDir / "none/none", nullptr, "Title", false), GameDir.Path);
     EXPECT_EQ(TakeSeen(), "\nRTitle: GAME\n^Title: GAME/none\nThere is no such folder.\nRTitle: GAME/none");
+    // Up, whether by the button or by a name: then the folder on display is taken.
+    for (const char* typed : {"left over", ".."}) {
+        Meanwhile = [&](QDialog& dialog) {
+            auto* name = dialog.findChild<QLineEdit*>("fileNameEdit");
+            name->setText(typed);
+            if (name->text() == "..") return QTest::keyClick(name, Qt::Key_Return);
+            dialog.findChild<QToolButton*>("toParentButton")->click();
+        };
+        Answers = {""};
+        EXPECT_EQ(ui::BrowseForFolder(GameDir / "game", nullptr, "Title", false), GameDir.Path) << typed;
+    }
     for (const char* item : {"mnuFileOpen", "mnuFileExportAll"}) {
         StartOnSample();
         Meanwhile = [&](QDialog&) { Window->close(); };
@@ -201,20 +212,25 @@ TEST_F(TestWindow, AsksForANameAndBeforeItWrites) {
                (filter == 2 ? "" : "filter");
     };
     const std::string replace =
-                          "\nNConfirm Save As: GAME/old.bmp already exists.\nDo you want to replace it?",
+                          "\n^NConfirm Save As: GAME/old.bmp already exists.\nDo you want to replace it?",
                       asked = "\nT: GAME/name";
-    const std::string longName(300, 'n'), line = longName.substr(200) + "\n";
+    const std::string longName(300, 'W');
     for (const auto& [typed, name] : std::map<std::string, std::string>{
              {"", "name.bmp"}, {"tmp", "tmp.bmp"}, {"name.x", "name.x"}, {".x", ".x.bmp"}})
-        EXPECT_EQ(save({typed}), Create("GAME/" + name).insert(0, asked).append("\n/").append(name));
+        EXPECT_EQ(save({typed}), Create("GAME/" + name, "^").insert(0, asked).append("\n/").append(name));
     EXPECT_EQ(save({"old"}), asked + replace + "\n/old.bmp");
-    EXPECT_EQ(save({"a", "no", "old.bmp", "no", ""}), asked + Create("GAME/a.bmp") + "\nT: GAME/a" + replace +
-                                                          "\nT: GAME/old.bmp" + replace + "\n/old.bmp");
-    EXPECT_EQ(save({"sub", "a"}), asked + "\nT: GAME/sub/sub" + Create("GAME/sub/a.bmp") + "\n/sub/a.bmp");
-    EXPECT_EQ(save({"sub/", "a"}), asked + "\nT: GAME/sub/sub/" + Create("GAME/sub/a.bmp") + "\n/sub/a.bmp");
-    EXPECT_EQ(save({"no/a"}), asked + "\n^T: GAME/no/a.bmp\nThere is no such folder.\nT: GAME/no/a");
-    EXPECT_EQ(save({longName}), asked + "\n^T: GAME/" + line + line + line +
-                                    ".bmp\nThe name is too long.\nT: GAME/" + longName);
+    EXPECT_EQ(save({"a", "no", "old.bmp", "no", ""}), asked + Create("GAME/a.bmp", "^") + "\nT: GAME/a" +
+                                                          replace + "\nT: GAME/old.bmp" + replace +
+                                                          "\n/old.bmp");
+    for (const char* typed : {"sub", "sub/"}) // entered; the name proposed comes back
+        EXPECT_EQ(save({typed, ""}),
+                  asked + "\nT: GAME/sub/name" + Create("GAME/sub/name.bmp", "^") + "\n/sub/name.bmp");
+    EXPECT_EQ(save({"a", "no", "sub"}), asked + Create("GAME/a.bmp", "^") + "\nT: GAME/a\nT: GAME/sub/a");
+    for (const char* typed : {"no/a", "no/"})
+        EXPECT_EQ(save({typed}), asked + "\n^T: GAME/no\nThere is no such folder.\nT: GAME/" + typed);
+    const std::string seen = save({longName});
+    EXPECT_EQ(QString(seen.c_str()).remove('\n').toStdString(),
+              "T: GAME/name^T: GAME/" + longName + ".bmpThe name is too long.T: GAME/" + longName);
 }
 
 TEST_F(TestWindow, ExportsTheItemInView) {
@@ -233,8 +249,8 @@ TEST_F(TestWindow, ExportsTheItemInView) {
     }
     fs::remove(GameDir / "SND.DAT"); // not looked for before a name is chosen
     EXPECT_EQ(Do("mnuFileExport", {"no/a"}),
-              "eeV++*++++*\n^Save VOC As...: PROGRAM/Sound 017.voc\n^Save VOC As...: PROGRAM/no/a.voc\nThere "
-              "is no such folder.\n^Save VOC As...: PROGRAM/no/a");
+              "eeV++*++++*\n^Save VOC As...: PROGRAM/Sound 017.voc\n^Save VOC As...: PROGRAM/no\nThere is "
+              "no such folder.\n^Save VOC As...: PROGRAM/no/a");
 }
 
 TEST_F(TestWindow, ExportsAllOfTheView) {
