@@ -3,7 +3,7 @@
 # What building and running needs, from Debian.
 build_packages=(cmake ninja-build g++ qt6-base-dev fonts-liberation)
 # What a tour of the program without a display needs.
-tour_packages=(python3 xvfb openbox xdotool imagemagick x11-utils)
+tour_packages=(python3 xvfb openbox xdotool imagemagick x11-utils qt6-gtk-platformtheme)
 # What the tests need besides.
 test_packages=(libgtest-dev googletest "${tour_packages[@]}")
 
@@ -23,6 +23,9 @@ need() {
     "${root[@]}" env DEBIAN_FRONTEND=noninteractive apt-get install -y -qq --no-install-recommends \
         "${missing[@]}" > /dev/null
 }
+
+# The version of the program.
+version() { sed -n 's/^project(.*VERSION \([0-9.]*\).*/\1/p' CMakeLists.txt; }
 
 # Configures a preset and builds it, or only the targets named after it.
 build() {

@@ -1,5 +1,6 @@
 # A virtual display with a window manager, and programs in it that are driven by real keys.
 import os
+import re
 import subprocess
 import time
 
@@ -51,10 +52,12 @@ def find_window(title):
     return (run('xdotool', 'search', '--onlyvisible', '--name', title).split() or [None])[-1]
 
 
-def window(title):
-    # The visible window whose title matches, once it has the focus.
-    return wait(lambda: find_window(title) == run('xdotool', 'getwindowfocus').strip() and find_window(title),
-                'window "%s"' % title)
+def window(title, other=None):
+    # The window that has the focus, once its title matches and it is not the other one.
+    def focused():
+        window_id = run('xdotool', 'getwindowfocus').strip()
+        return window_id != other and re.search(title, run('xdotool', 'getwindowname', window_id).strip()) and window_id
+    return wait(focused, 'window "%s"' % title)
 
 
 def gone(title):
@@ -69,6 +72,10 @@ def activate(window_id):
 
 def keys(*names):
     run('xdotool', 'key', '--delay', '20', *names)
+
+
+def click(window_id, x, y):
+    run('xdotool', 'mousemove', '--sync', '--window', window_id, str(x), str(y), 'click', '1')
 
 
 def type_text(text):

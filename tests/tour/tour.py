@@ -18,6 +18,7 @@ import model
 
 CLIENT_HEIGHT = 488  # the menu bar stands above
 PICTURE_LEFT, PICTURE_TOP = 8 + 144, 8 + 16  # of both picture boxes in the client area
+FOLDER_DIALOG = '^(%s|Select Folder)$'  # the latter is what Wine calls it
 NOT_EXPORTED = ('Picture 1-046-', 'Morvane 001.ibk')  # a duplicate, and a bank that the last one replaces
 
 
@@ -40,8 +41,6 @@ class Tour:
         self.program = self.output / 'program'
         shutil.copytree(program, self.program, ignore=shutil.ignore_patterns('*.ini'))
         self.windows = (self.program / 'morvane-extractor.exe').exists()
-        settings = b'[Settings]\r\nOpenPath=' + os.fsencode(self.native(self.game)) + b'\r\n'
-        (self.program / 'morvane-extractor.ini').write_bytes(settings)
         self.demo = {path.name: path.read_bytes() for kind in ('images', 'sounds') for path in (Path(demo) / kind).iterdir()
                      if not path.name.startswith(NOT_EXPORTED)}
 
@@ -62,9 +61,21 @@ class Tour:
         desktop.wait(shown, what + ' as in the archive', 15)
         print('  checked:', what)
 
-    def run(self):
-        process = desktop.start(['wine', 'morvane-extractor.exe'] if self.windows else ['./morvane-extractor'], cwd=self.program)
+    def start(self, **environment):
+        settings = b'[Settings]\r\nOpenPath=' + os.fsencode(self.native(self.game)) + b'\r\n'
+        (self.program / 'morvane-extractor.ini').write_bytes(settings)
+        self.process = desktop.start(['wine', 'morvane-extractor.exe'] if self.windows else ['./morvane-extractor'],
+                                     cwd=self.program, env={**os.environ, **environment})
         self.main = desktop.window('^Morvane Extractor - 1\\.0\\.0$')
+
+    def end(self):
+        desktop.keys('alt+f')
+        desktop.keys('x')
+        assert self.process.wait(timeout=20) == 0
+
+    def run(self):
+        self.start()
+        self.change_mind()
         for number in (1, 2, 3):
             self.tour_episode(number)
         desktop.keys('ctrl+d')
@@ -76,9 +87,52 @@ class Tour:
         self.export_all('sounds', {name: data for name, data in self.demo.items() if not name.endswith('.bmp')})
         for seed in (1, 2, 3):
             self.tour_damaged_game(self.output / ('damaged%d' % seed), seed)
-        desktop.keys('alt+f')
-        desktop.keys('x')
-        assert process.wait(timeout=20) == 0
+        self.end()
+        if not self.windows:  # a desktop that has file dialogs of its own changes nothing
+            self.start(QT_QPA_PLATFORMTHEME='gtk3')
+            self.change_mind()
+            self.end()
+
+    def change_mind(self):
+        # A folder that is not there and a "No" lead back into the dialog; left by Escape, the window answers the mouse.
+        desktop.keys('ctrl+o')
+        dialog = desktop.window(FOLDER_DIALOG % 'Select the Morvane Folder')
+        desktop.type_text(self.native(self.output / 'none'))
+        desktop.keys('Return')
+        if self.windows:
+            desktop.window('^$')  # Wine complains, too
+            desktop.keys('Return')
+        complaint = desktop.window('^Select the Morvane Folder$', other=dialog)
+        self.shoot('complaint')
+        desktop.keys('Return')
+        desktop.window(FOLDER_DIALOG % 'Select the Morvane Folder', other=complaint)
+        desktop.keys('Escape')
+        desktop.gone(FOLDER_DIALOG % 'Select the Morvane Folder')
+        menu = len(desktop.pixels(self.main)) - CLIENT_HEIGHT
+        desktop.click(self.main, 40, menu + 45)  # the second entry
+        self.expect(model.map_picture(self.game, 1, 1, self.program / 'Episode1.tsd'), 'map 1, clicked')
+
+        desktop.keys('ctrl+w', 'alt+f')
+        desktop.keys('e')
+        dialog = desktop.window('^Save Image As')
+        place = desktop.run('xdotool', 'getwindowgeometry', dialog)
+        desktop.keys('ctrl+a')
+        desktop.type_text(self.native(self.output / 'taken back'))
+        desktop.keys('Return')
+        desktop.window('^Confirm Save As$')
+        desktop.keys('alt+n')
+        again = desktop.window('^Save Image As')
+        assert self.windows or (again, desktop.run('xdotool', 'getwindowgeometry', again)) == (dialog, place)
+        desktop.keys('Return')
+        desktop.window('^Confirm Save As$')
+        self.shoot('taken-back')
+        desktop.keys('alt+y')
+        desktop.gone('^Confirm Save As$')
+        desktop.activate(self.main)
+        written = self.output / 'taken back.bmp'
+        desktop.wait(lambda: written.exists() and written.read_bytes() == self.demo['Picture 1-001-01.bmp'], written.name)
+        written.unlink()
+        print('  checked: a mind changed in both dialogs')
 
     def tour_episode(self, number):
         symbols = self.program / ('Episode%d.tsd' % number)
@@ -128,11 +182,10 @@ class Tour:
         print('  checked:', name, 'exported alone')
 
     def answer_folder_dialog(self, title, folder):
-        title = '^(%s|Select Folder)$' % title  # the latter is Wine's
-        desktop.window(title)
+        desktop.window(FOLDER_DIALOG % title)
         desktop.type_text(self.native(folder))
         desktop.keys('Return')
-        desktop.gone(title)
+        desktop.gone(FOLDER_DIALOG % title)
 
     def export_all(self, name, expected):
         target = self.output / name
