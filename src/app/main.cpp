@@ -5,7 +5,6 @@
 #include <QApplication>
 
 int main(int argc, char** argv) {
-    morvane::SurviveFileSizeLimits();
     ui::PrepareToolkit();
     QApplication application(argc, argv);
     QGuiApplication::setDesktopFileName(

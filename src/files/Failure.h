@@ -25,7 +25,7 @@ inline constexpr std::int32_t OverflowError = 6;
 inline constexpr std::int32_t OutOfMemoryError = 7;
 inline constexpr std::int32_t OutOfRangeError = 9;
 inline constexpr std::int32_t WrongTypeError = 13;
-inline constexpr std::int32_t InternalError = 51; // what should not happen
+inline constexpr std::int32_t InternalError = 51; ///< an exception that nothing here expects
 inline constexpr std::int32_t FileNotFoundError = 53;
 
 /// The failure of a file system call: the platform's number and its text for it, behind the path if there is

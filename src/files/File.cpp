@@ -14,25 +14,20 @@ namespace {
 /// A file that is being written.
 class WrittenFile {
   public:
-    /// Takes a descriptor over; a negative one is the failure to get it.
-    WrittenFile(const std::string& path, int descriptor) : Path(path), Descriptor(descriptor) {
-        Check(Descriptor);
-    }
-    WrittenFile(const WrittenFile&) = delete;
-    WrittenFile& operator=(const WrittenFile&) = delete;
-    ~WrittenFile() {
-        if (Descriptor >= 0) platform::Close(Descriptor);
+    /// Takes over what opening the file gave, be it a failure.
+    WrittenFile(const std::string& path, int descriptor) : Path(path), Opened(descriptor) {
+        Check(descriptor);
     }
 
     void RequireRegular() const {
-        const int regular = platform::IsRegular(Descriptor);
+        const int regular = platform::IsRegular(Opened.Get());
         Check(regular);
         if (regular == 0) throw FileSystemFailure(EINVAL, Path);
     }
     void Write(ConstBytes bytes) const {
         std::size_t done = 0;
         while (done < bytes.size()) {
-            const std::int64_t count = platform::WriteAt(Descriptor, static_cast<std::int64_t>(done),
+            const std::int64_t count = platform::WriteAt(Opened.Get(), static_cast<std::int64_t>(done),
                                                          bytes.data() + done, bytes.size() - done);
             Check(count);
             if (count == 0) throw FileSystemFailure(EIO, Path);
@@ -40,9 +35,9 @@ class WrittenFile {
         }
     }
     void CutTo(std::size_t length) const {
-        Check(platform::Truncate(Descriptor, static_cast<std::int64_t>(length)));
+        Check(platform::Truncate(Opened.Get(), static_cast<std::int64_t>(length)));
     }
-    void Close() { Check(platform::Close(std::exchange(Descriptor, -1))); }
+    void Close() { Check(Opened.Close()); }
 
   private:
     void Check(std::int64_t result) const {
@@ -50,29 +45,21 @@ class WrittenFile {
     }
 
     const std::string& Path;
-    int Descriptor;
+    Descriptor Opened;
 };
 
 } // namespace
 
-File::File(File&& other) noexcept
-    : Path(std::move(other.Path)), Descriptor(std::exchange(other.Descriptor, -1)) {}
-
-File::~File() {
-    if (Descriptor >= 0) platform::Close(Descriptor);
-}
-
 std::optional<File> File::OpenNormal(const std::string& path) {
     // The usual case, a file that is there, costs no look beforehand.
     if (platform::IsHidden(path)) return std::nullopt;
-    File file(path);
-    file.Descriptor = platform::Open(path, platform::Access::Read);
-    if (file.Descriptor < 0) {
+    File file(path, Descriptor(platform::Open(path, platform::Access::Read)));
+    if (file.Opened.Get() < 0) {
         const int number = errno;
         if (!IsNormalFile(path)) return std::nullopt;
         throw FileSystemFailure(number, path);
     }
-    const int regular = platform::IsRegular(file.Descriptor);
+    const int regular = platform::IsRegular(file.Opened.Get());
     if (regular < 0) throw FileSystemFailure(errno, path);
     if (regular == 0) return std::nullopt;
     return file;
@@ -81,7 +68,7 @@ std::optional<File> File::OpenNormal(const std::string& path) {
 std::size_t File::ReadAt(std::int64_t position, Bytes bytes) const {
     std::size_t done = 0;
     while (done < bytes.size()) {
-        const std::int64_t count = platform::ReadAt(Descriptor, position + static_cast<std::int64_t>(done),
+        const std::int64_t count = platform::ReadAt(Opened.Get(), position + static_cast<std::int64_t>(done),
                                                     bytes.data() + done, bytes.size() - done);
         if (count < 0) throw FileSystemFailure(errno, Path);
         if (count == 0) break;

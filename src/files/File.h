@@ -1,5 +1,7 @@
 #pragma once
 
+#include "Descriptor.h"
+
 #include <cstddef>
 #include <cstdint>
 #include <optional>
@@ -18,28 +20,22 @@ class File {
     /// IsNormalFile). Fails when there is one that cannot be opened.
     static std::optional<File> OpenNormal(const std::string& path);
 
-    File(File&& other) noexcept;
-    File& operator=(File&&) = delete;
-    File(const File&) = delete;
-    File& operator=(const File&) = delete;
-    ~File();
-
     /// Fills `bytes` from `position`, which is 0 or more. Returns the number of bytes read, fewer at the end
     /// of the file. Fails with the platform's number and the path in the description.
     [[nodiscard]] std::size_t ReadAt(std::int64_t position, Bytes bytes) const;
 
   private:
-    explicit File(std::string path) : Path(std::move(path)) {}
+    File(std::string path, Descriptor opened) : Path(std::move(path)), Opened(std::move(opened)) {}
 
     std::string Path;
-    int Descriptor = -1;
+    Descriptor Opened;
 };
 
 // Writers. What fails raises a Failure with the platform's number and the path in its description; a failure
 // to close the file counts as well.
 
-/// Writes the bytes over those of a file and only then cuts off the rest, so that a disk which takes no more
-/// bytes leaves the old content. Creates the file when there is none.
+/// Writes the bytes over those of a file and only then cuts off the rest; creates the file when there is
+/// none. A failure may leave the new beginning before the old rest; a file of one block keeps its old bytes.
 void WriteInPlace(const std::string& path, ConstBytes bytes);
 
 /// Writes a new file: deletes what has that name, creates it, writes and closes it. Returns false when there

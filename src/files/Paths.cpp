@@ -31,8 +31,6 @@ Program RunningProgram() {
     return program;
 }
 
-void SurviveFileSizeLimits() { platform::IgnoreFileSizeSignal(); }
-
 std::string JoinPath(std::string_view folder, std::string_view name) {
     std::string path(folder);
     path += PathSeparator;

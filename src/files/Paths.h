@@ -20,10 +20,6 @@ Program SplitProgramPath(const std::string& path);
 /// The program file that is running; both texts are empty where the platform cannot tell.
 Program RunningProgram();
 
-/// Makes a write past the process's limit of file sizes fail like one to a full disk, instead of ending the
-/// program.
-void SurviveFileSizeLimits();
-
 /// Joins a folder and a name with one more separator, whether or not the folder ends in one.
 std::string JoinPath(std::string_view folder, std::string_view name);
 

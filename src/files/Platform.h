@@ -5,8 +5,8 @@
 #include <string>
 #include <vector>
 
-/// The few calls in which platforms differ; for File.cpp and Paths.cpp alone. A negative result is a failure
-/// whose number is then in errno.
+/// The few calls in which platforms differ; for File.cpp, Descriptor.h and Paths.cpp alone. A negative result
+/// is a failure whose number is then in errno.
 namespace morvane::platform {
 
 /// How a file is opened. None of the ways blocks, whatever the path names.
@@ -42,8 +42,5 @@ std::vector<std::string> NamesToCompare(const std::string& folder);
 
 /// Full path of the running program file, or an empty text.
 std::string ProgramPath();
-
-/// Lets writes past a limit of file sizes fail with a number instead of ending the process.
-void IgnoreFileSizeSignal();
 
 } // namespace morvane::platform

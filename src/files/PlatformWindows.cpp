@@ -2,9 +2,9 @@
 #include "Platform.h"
 
 #include <algorithm>
-#include <array>
 #include <climits>
 #include <cstdio>
+#include <cstdlib>
 #include <fcntl.h>
 #include <io.h>
 #include <sys/stat.h>
@@ -24,12 +24,22 @@ namespace {
 /// As many bytes as one call moves at most.
 unsigned AtOnce(std::size_t count) { return static_cast<unsigned>(std::min<std::size_t>(count, INT_MAX)); }
 
+int AccessFlags(Access access) {
+    switch (access) {
+    case Access::Read:
+        return _O_RDONLY;
+    case Access::New:
+        return _O_WRONLY | _O_CREAT | _O_EXCL;
+    case Access::Overwrite:
+        return _O_WRONLY | _O_CREAT;
+    }
+    std::abort(); // there is no other
+}
+
 } // namespace
 
 int Open(const std::string& path, Access access) {
-    constexpr std::array Flags{_O_RDONLY, _O_WRONLY | _O_CREAT | _O_EXCL, _O_WRONLY | _O_CREAT};
-    const int flags = Flags.at(static_cast<std::size_t>(access)) | _O_BINARY | _O_NOINHERIT;
-    return _open(path.c_str(), flags, _S_IREAD | _S_IWRITE);
+    return _open(path.c_str(), AccessFlags(access) | _O_BINARY | _O_NOINHERIT, _S_IREAD | _S_IWRITE);
 }
 
 int IsRegular(int descriptor) {
@@ -71,7 +81,5 @@ std::string ProgramPath() {
     path.resize(GetModuleFileNameA(nullptr, path.data(), static_cast<DWORD>(path.size())));
     return path;
 }
-
-void IgnoreFileSizeSignal() {} // there is no such limit
 
 } // namespace morvane::platform

@@ -1,9 +1,8 @@
 #include "Paths.h"
 #include "Platform.h"
 
-#include <array>
 #include <cerrno>
-#include <csignal>
+#include <cstdlib>
 #include <fcntl.h>
 #include <filesystem>
 #include <sys/stat.h>
@@ -22,12 +21,23 @@ auto Continued(Call call) {
     return result;
 }
 
+int AccessFlags(Access access) {
+    switch (access) {
+    case Access::Read:
+        return O_RDONLY;
+    case Access::New:
+        return O_WRONLY | O_CREAT | O_EXCL;
+    case Access::Overwrite:
+        return O_WRONLY | O_CREAT;
+    }
+    std::abort(); // there is no other
+}
+
 } // namespace
 
 int Open(const std::string& path, Access access) {
     // O_NONBLOCK keeps a pipe or device of that name from stopping the program; regular files do not heed it.
-    constexpr std::array Flags{O_RDONLY, O_WRONLY | O_CREAT | O_EXCL, O_WRONLY | O_CREAT};
-    const int flags = Flags.at(static_cast<std::size_t>(access)) | O_CLOEXEC | O_NONBLOCK;
+    const int flags = AccessFlags(access) | O_CLOEXEC | O_NONBLOCK;
     return Continued([&] { return open(path.c_str(), flags, 0666); });
 }
 
@@ -91,7 +101,5 @@ std::string ProgramPath() {
         path.resize(2 * path.size());
     }
 }
-
-void IgnoreFileSizeSignal() { std::signal(SIGXFSZ, SIG_IGN); }
 
 } // namespace morvane::platform
