@@ -1,7 +1,7 @@
 // usage: bench_export GAME-FOLDER TARGET-FOLDER
 // Exports all images of episode 1 and all sounds of a game folder, as the program does once it is open.
 // Prints how many seconds that took.
-#include "LoadedGame.h"
+#include "ExportAll.h"
 #include "PaletteFile.h"
 
 #include <chrono>

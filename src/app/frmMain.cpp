@@ -41,9 +41,6 @@ std::string CodesText(const std::array<std::uint8_t, 90>& codes) {
     return text;
 }
 
-// What the entries of the sound list begin with, by kind.
-constexpr std::array ListLabels{"", "InstBank ", "MIDI ", "VOC "};
-
 } // namespace
 
 frmMain::frmMain(Program program) : ThisProgram(std::move(program)) {
@@ -157,8 +154,8 @@ void frmMain::LoadSoundArchive() {
     ReadSoundArchive(Game.Folder, Game.SoundEntries);
     std::vector<ui::ListItem> items;
     for (int n = 0; const SoundEntry& entry : Game.SoundEntries) {
-        const std::string label = ListLabels.at(static_cast<std::size_t>(entry.Kind));
-        if (entry.Kind != SoundKind::None) items.push_back({label + std::to_string(n), n});
+        if (entry.Kind != SoundKind::None)
+            items.push_back({RowOf(entry.Kind).ListLabel + std::to_string(n), n});
         ++n;
     }
     lstSound->SetItems(items);

@@ -1,3 +1,5 @@
+#include "BusyPointer.h"
+#include "ExportAll.h"
 #include "ExportNames.h"
 #include "File.h"
 #include "MessageBox.h"
@@ -7,30 +9,17 @@
 
 #include <QApplication>
 
-#include <array>
-
 namespace morvane {
 
 namespace {
 
-// How the save dialog asks for a kind of item.
-struct SaveRequest {
-    const char* Title;
-    const char* Filter;
-    const char* DefaultExtension;
-};
-
-// The requests for an image and for the kinds of sounds.
-constexpr std::array<SaveRequest, 4> Requests{
-    {{"Save Image As...", "Bitmap Files (*.bmp)|*.bmp|All Files (*.*)|*.*", "bmp"},
-     {"Save Instrument Bank As...", "Instrument Bank Files (*.ibk)|*.ibk|All Files (*.*)|*.*", "ibk"},
-     {"Save MIDI As...", "MIDI Files (*.mid)|*.mid|All Files (*.*)|*.*", "mid"},
-     {"Save VOC As...", "VOC Files (*.voc)|*.voc|All Files (*.*)|*.*", "voc"}}};
-
-std::string AskForFile(QWidget* owner, const SaveRequest& request, const std::string& folder,
-                       const std::string& name) {
+/// Asks for a file to write. The dialog calls the item and its kind of file by these names.
+std::string AskForFile(QWidget* owner, const std::string& itemName, const std::string& kindName,
+                       const std::string& extension, const std::string& folder, const std::string& fileName) {
+    const std::string filter =
+        kindName + " Files (*." + extension + ")|*." + extension + "|All Files (*.*)|*.*";
     int filterIndex = 0;
-    return ui::ShowSaveDialog(owner, request.Filter, request.Title, folder, request.DefaultExtension, name,
+    return ui::ShowSaveDialog(owner, filter, "Save " + itemName + " As...", folder, extension, fileName,
                               filterIndex);
 }
 
@@ -45,7 +34,7 @@ void frmMain::ExportImage() {
     if (lstGroup->ListIndex() < 0 || lstImage->ListIndex() < 0 || CurrentImageFile.empty()) return;
     const std::string name =
         PictureFileName(Game.Folder.CurrentEpisode, lstGroup->SelectedData(), lstImage->ListIndex());
-    const std::string path = AskForFile(this, Requests[0], ThisProgram.Folder, name);
+    const std::string path = AskForFile(this, "Image", "Bitmap", "bmp", ThisProgram.Folder, name);
     if (!path.empty()) WriteByteArray(path, CurrentImageFile, true);
 }
 
@@ -54,7 +43,8 @@ void frmMain::ExportSound() {
     const int number = lstSound->SelectedData();
     const SoundEntry& entry = Game.SoundEntries.at(static_cast<std::size_t>(number));
     if (entry.Kind == SoundKind::None) return;
-    const std::string path = AskForFile(this, Requests.at(static_cast<std::size_t>(entry.Kind)),
+    const SoundKindRow& row = RowOf(entry.Kind);
+    const std::string path = AskForFile(this, row.DialogName, row.DialogName, row.Extension,
                                         ThisProgram.Folder, SoundFileName(entry.Kind, number));
     if (!path.empty()) WriteByteArray(path, ReadSoundEntry(Game.Folder, entry), true);
 }

@@ -1,4 +1,4 @@
-#include "LoadedGame.h"
+#include "ExportAll.h"
 
 #include "ExportNames.h"
 #include "File.h"
@@ -19,8 +19,9 @@ void ExportAllImages(const LoadedGame& game, const std::string& folder) {
 
 void ExportAllSounds(const LoadedGame& game, const std::string& folder) {
     for (int n = 0; const SoundEntry& entry : game.SoundEntries) {
-        const std::string name = SoundFileName(entry.Kind, n++);
+        const int number = n++;
         if (entry.Offset <= 0 || entry.Size <= 0 || entry.Kind == SoundKind::None) continue;
+        const std::string name = SoundFileName(entry.Kind, number);
         WriteByteArray(JoinPath(folder, name), ReadSoundEntry(game.Folder, entry), true);
     }
 }

@@ -16,17 +16,8 @@ std::string PictureFileName(std::int32_t episode, std::int32_t group, std::int32
 }
 
 std::string SoundFileName(SoundKind kind, std::int32_t number) {
-    switch (kind) {
-    case SoundKind::InstBank:
-        return "Morvane.ibk";
-    case SoundKind::Midi:
-        return "Song " + PadNumber(number, 3) + ".mid";
-    case SoundKind::Voc:
-        return "Sound " + PadNumber(number, 3) + ".voc";
-    case SoundKind::None:
-        break;
-    }
-    return {};
+    const SoundKindRow& row = RowOf(kind);
+    return row.FileName + (row.Numbered ? PadNumber(number, 3) : "") + "." + row.Extension;
 }
 
 } // namespace morvane

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "SoundArchive.h"
+#include "SoundKinds.h"
 
 #include <cstdint>
 #include <string>
@@ -14,8 +14,8 @@ std::string PadNumber(std::int32_t value, std::int32_t width);
 /// episode 1.
 std::string PictureFileName(std::int32_t episode, std::int32_t group, std::int32_t image);
 
-/// File name of an exported sound entry, such as "Song 007.mid"; every instrument bank has the same name.
-/// Empty for an entry of no recognised kind.
+/// File name of an exported sound entry of a recognised kind, such as "Song 007.mid"; every instrument bank
+/// has the same name.
 std::string SoundFileName(SoundKind kind, std::int32_t number);
 
 } // namespace morvane

@@ -6,7 +6,6 @@
 #include "MapArchive.h"
 #include "SoundArchive.h"
 
-#include <string>
 #include <vector>
 
 namespace morvane {
@@ -20,10 +19,5 @@ struct LoadedGame {
     std::vector<MapEntry> MapDirectory; ///< of the current episode
     MapCellTable MapCells{};            ///< of the map drawn last
 };
-
-/// Write every image of the episode, or every recognised sound, into a folder, each read afresh and under its
-/// export name; files of those names are replaced. The first failure ends the run and leaves what is written.
-void ExportAllImages(const LoadedGame& game, const std::string& folder);
-void ExportAllSounds(const LoadedGame& game, const std::string& folder);
 
 } // namespace morvane

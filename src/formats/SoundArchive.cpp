@@ -18,9 +18,8 @@ bool SignatureAt(const GameFile& archive, std::int32_t position, std::string_vie
 }
 
 SoundKind KindAt(const GameFile& archive, std::int32_t position) {
-    if (SignatureAt(archive, position, "IBK")) return SoundKind::InstBank;
-    if (SignatureAt(archive, position, "MThd")) return SoundKind::Midi;
-    if (SignatureAt(archive, position, "Creative Voice File")) return SoundKind::Voc;
+    for (const SoundKindRow& row : SoundKinds)
+        if (SignatureAt(archive, position, row.Signature)) return row.Kind;
     return SoundKind::None;
 }
 

@@ -1,20 +1,13 @@
 #pragma once
 
 #include "GameFolder.h"
+#include "SoundKinds.h"
 
 #include <array>
 #include <cstdint>
 #include <vector>
 
 namespace morvane {
-
-/// What a sound entry holds, told by its first bytes.
-enum class SoundKind : std::int32_t {
-    None = 0,     ///< not present, or not recognised
-    InstBank = 1, ///< instrument bank
-    Midi = 2,     ///< MIDI song
-    Voc = 3       ///< digitised sound
-};
 
 /// One record of the sound archive's directory. Present when Size and Offset are positive.
 struct SoundEntry {
