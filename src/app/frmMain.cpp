@@ -1,5 +1,6 @@
 #include "frmMain.h"
 
+#include "BusyPointer.h"
 #include "MapDrawing.h"
 #include "MessageBox.h"
 #include "PaletteFile.h"

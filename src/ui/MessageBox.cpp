@@ -3,7 +3,6 @@
 #include "Text.h"
 
 #include <QGridLayout>
-#include <QGuiApplication>
 #include <QMessageBox>
 #include <QTextLayout>
 
@@ -79,13 +78,6 @@ bool AskInBox(QWidget* owner, const std::string& title, const std::string& text,
               bool yesIsPreset) {
     return Run(owner, title, text, icon, QMessageBox::Yes | QMessageBox::No,
                yesIsPreset ? QMessageBox::Yes : QMessageBox::No) == QMessageBox::Yes;
-}
-
-BusyPointer::BusyPointer() { QGuiApplication::setOverrideCursor(Qt::WaitCursor); }
-
-void BusyPointer::Restore() {
-    if (Busy) QGuiApplication::restoreOverrideCursor();
-    Busy = false;
 }
 
 } // namespace ui

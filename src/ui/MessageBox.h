@@ -20,17 +20,4 @@ void ShowMessageBox(QWidget* owner, const std::string& title, const std::string&
 bool AskInBox(QWidget* owner, const std::string& title, const std::string& text, BoxIcon icon,
               bool yesIsPreset);
 
-/// Shows the busy pointer over the whole program from its making until Restore or the end of its scope.
-class BusyPointer {
-  public:
-    BusyPointer();
-    ~BusyPointer() { Restore(); }
-    BusyPointer(const BusyPointer&) = delete;
-    BusyPointer& operator=(const BusyPointer&) = delete;
-    void Restore();
-
-  private:
-    bool Busy = true;
-};
-
 } // namespace ui
