@@ -196,8 +196,8 @@ void frmMain::DrawMap() {
     const int map = lstMap->ListIndex();
     if (map < 0) return;
     ReadMapCells(Game.Folder, Game.MapDirectory.at(static_cast<std::size_t>(map)), Game.MapCells);
-    Picture picture = DrawMapCells(Game.MapCells);
-    picMap->Show(picture.Release(), picture.Width(), picture.Height(), "Map " + std::to_string(map));
+    const Picture picture = DrawMapCells(Game.MapCells);
+    picMap->Show(picture.Pixels(), picture.Width(), picture.Height(), "Map " + std::to_string(map));
 }
 
 void frmMain::lstGroup_Click() {
@@ -215,7 +215,7 @@ void frmMain::lstImage_Click() {
     const int group = lstGroup->SelectedData();
     const int image = lstImage->ListIndex();
     std::vector<std::uint8_t> file = ReadImage(Game.Folder, Game.Groups, group, image);
-    Picture picture = PictureFromBMP(file);
+    const Picture picture = PictureFromBMP(file);
     // What reads the archive comes before the first change, so that a failure leaves the image shown.
     const std::string description = "Group " + std::to_string(group) + " image " + std::to_string(image) +
                                     ", " + std::to_string(picture.Width()) + " x " +
@@ -223,8 +223,8 @@ void frmMain::lstImage_Click() {
     const QString codes =
         QString::fromStdString(CodesText(Game.Groups[static_cast<std::size_t>(group)].Codes));
     CurrentImageFile = std::move(file);
-    pic->Show(picture.Release(), picture.Width(), picture.Height(), description);
-    txt->setPlainText(codes);
+    pic->Show(picture.Pixels(), picture.Width(), picture.Height(), description);
+    txt->SetText(codes);
 }
 
 void frmMain::FromUser(const std::function<void()>& command, const std::function<void()>& undo) noexcept {

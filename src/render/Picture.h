@@ -2,7 +2,6 @@
 
 #include <cstddef>
 #include <cstdint>
-#include <utility>
 #include <vector>
 
 namespace morvane {
@@ -27,8 +26,6 @@ class Picture {
     [[nodiscard]] int Width() const { return Columns; }
     [[nodiscard]] int Height() const { return Rows; }
     [[nodiscard]] const std::vector<Pixel>& Pixels() const { return Grid; }
-    /// Gives the pixels away.
-    [[nodiscard]] std::vector<Pixel> Release() { return std::move(Grid); }
 
     /// The pixel in a column and row, which must lie within the picture.
     Pixel& At(int x, int y) { return Grid[Index(x, y)]; }

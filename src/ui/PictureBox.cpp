@@ -19,19 +19,17 @@ PictureBox::PictureBox(QWidget* parent) : QWidget(parent) {
     QAccessible::installFactory(DescribePictureBox);
 }
 
-void PictureBox::Show(std::vector<std::uint32_t> pixels, int width, int height,
+void PictureBox::Show(const std::vector<std::uint32_t>& pixels, int width, int height,
                       const std::string& description) {
-    const QString name = QString::fromStdString(description);
-    Pixels = std::move(pixels);
-    Shown = QImage(reinterpret_cast<const uchar*>(Pixels.data()), width, height, qsizetype{4} * width,
-                   QImage::Format_RGB32);
-    setAccessibleName(name);
+    Shown = QImage(reinterpret_cast<const uchar*>(pixels.data()), width, height, qsizetype{4} * width,
+                   QImage::Format_RGB32)
+                .copy();
+    setAccessibleName(QString::fromStdString(description));
     update();
 }
 
 void PictureBox::Remove() {
     Shown = {};
-    Pixels = {};
     setAccessibleName("Nothing");
     update();
 }

@@ -19,7 +19,8 @@ class PictureBox : public QWidget {
 
     /// Shows width x height pixels (0xFFRRGGBB, rows without gaps). The description is for those who cannot
     /// see it.
-    void Show(std::vector<std::uint32_t> pixels, int width, int height, const std::string& description);
+    void Show(const std::vector<std::uint32_t>& pixels, int width, int height,
+              const std::string& description);
     void Remove();
 
     /// What is shown now; a null image when nothing is.
@@ -31,7 +32,6 @@ class PictureBox : public QWidget {
     void focusOutEvent(QFocusEvent* event) override;
 
   private:
-    std::vector<std::uint32_t> Pixels; // those of Shown
     QImage Shown;
 };
 
