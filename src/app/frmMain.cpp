@@ -220,8 +220,7 @@ void frmMain::lstImage_Click() {
     const std::string description = "Group " + std::to_string(group) + " image " + std::to_string(image) +
                                     ", " + std::to_string(picture.Width()) + " x " +
                                     std::to_string(picture.Height());
-    const QString codes =
-        QString::fromStdString(CodesText(Game.Groups[static_cast<std::size_t>(group)].Codes));
+    const std::string codes = CodesText(Game.Groups[static_cast<std::size_t>(group)].Codes);
     CurrentImageFile = std::move(file);
     pic->Show(picture.Pixels(), picture.Width(), picture.Height(), description);
     txt->SetText(codes);

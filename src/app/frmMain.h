@@ -6,12 +6,12 @@
 #include "Menu.h"
 #include "Paths.h"
 #include "PictureBox.h"
+#include "TextBox.h"
 #include "clsINI.h"
 
 #include <QGroupBox>
 #include <QLabel>
 #include <QMainWindow>
-#include <QPlainTextEdit>
 
 #include <array>
 #include <cstdint>
@@ -103,7 +103,7 @@ class frmMain : public QMainWindow {
     ui::ListBox* lstImage = nullptr;
     ui::PictureBox* pic = nullptr;
     QLabel* lbl = nullptr;
-    QPlainTextEdit* txt = nullptr;
+    ui::TextBox* txt = nullptr;
     ui::ListBox* lstSound = nullptr;
 
     std::optional<ui::Menu> mnuFile;

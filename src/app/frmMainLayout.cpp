@@ -5,7 +5,6 @@
 #include <QApplication>
 #include <QIcon>
 #include <QMenuBar>
-#include <QTextDocument>
 
 namespace morvane {
 
@@ -21,15 +20,6 @@ class Client : public QWidget {
     using QWidget::QWidget;
     [[nodiscard]] QSize sizeHint() const override { return ClientArea; }
     [[nodiscard]] QSize minimumSizeHint() const override { return {0, 0}; }
-};
-
-// The codes, whose font never changes: Ctrl and the wheel scroll as the wheel alone does.
-class Codes : public QPlainTextEdit {
-  public:
-    using QPlainTextEdit::QPlainTextEdit;
-
-  protected:
-    void wheelEvent(QWheelEvent* event) override { QAbstractScrollArea::wheelEvent(event); }
 };
 
 } // namespace
@@ -63,17 +53,11 @@ void frmMain::BuildWidgets() {
     lbl->setFont(ui::WindowFont());
     lbl->setAlignment(Qt::AlignLeft | Qt::AlignTop);
     lbl->setGeometry(144, 160, 185, 21);
-    txt = new Codes(fra[1]);
+    txt = new ui::TextBox(fra[1]);
     txt->setObjectName("txt");
     txt->setAccessibleName(lbl->text());
     txt->setFont(ui::CodesFont());
     txt->setGeometry(144, 176, 321, 173);
-    txt->setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
-    txt->setTabChangesFocus(true);
-    txt->setFrameStyle(QFrame::Panel | QFrame::Sunken); // as the lists; a style's own loses lines when scaled
-    txt->setLineWidth(2);
-    txt->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
-    txt->document()->setDocumentMargin(0);
     lstSound = AddListBox(fra[2], "lstSound", "Sounds", {8, 16, 89, 446});
 }
 
