@@ -9,8 +9,7 @@ namespace {
 QFont FontOf(const QStringList& families, QFont::StyleHint hint, int pixels) {
     QFont font;
     font.setFamilies(families);
-    // All texts are plain ones, so that no other font need be looked through for missing characters.
-    font.setStyleHint(hint, QFont::NoFontMerging);
+    font.setStyleHint(hint);
     font.setPixelSize(pixels);
     font.setWeight(QFont::Normal);
     font.setItalic(false);
