@@ -1,6 +1,7 @@
 // Chooses episodes in the real window, on the settings file beside the program, until the window is painted;
 // beside that reads the same bytes and paints the same picture once. Prints both times of each run in
 // milliseconds.
+#include "Toolkit.h"
 #include "frmMain.h"
 
 #include <QAction>
@@ -34,6 +35,7 @@ double Milliseconds(const auto& action) {
 } // namespace
 
 int main(int argc, char** argv) {
+    ui::PrepareToolkit();
     QApplication application(argc, argv);
     const morvane::Program program = morvane::RunningProgram();
     const QString game = argv[1];

@@ -1,10 +1,12 @@
 // The program's start on the settings file beside it, quitting as soon as the window is shown.
 #include "Paths.h"
+#include "Toolkit.h"
 #include "frmMain.h"
 
 #include <QApplication>
 
 int main(int argc, char** argv) {
+    ui::PrepareToolkit();
     QApplication application(argc, argv);
     morvane::frmMain window(morvane::RunningProgram());
     window.Form_Load();
