@@ -16,7 +16,7 @@ TEST(Windows, HiddenFilesAndDevicesCountAsAbsent) {
         EXPECT_FALSE(WriteByteArray(path, {}, false)); // an export must not write over it unasked
     }
     EXPECT_EQ(FailureOf([&] { WriteByteArray(path, {}, true); }).Number, EACCES); // read-only by now
-    ASSERT_TRUE(SetFileAttributesA(path.c_str(), FILE_ATTRIBUTE_NORMAL)); // so that it can be removed
+    ASSERT_TRUE(SetFileAttributesA(path.c_str(), FILE_ATTRIBUTE_NORMAL));         // so that it can be removed
     EXPECT_FALSE(File::OpenNormal("NUL"));
     EXPECT_EQ(FailureOf([] { WriteInPlace("NUL", {}); }).Number, EINVAL);
 }
