@@ -27,6 +27,13 @@ need() {
 # The version of the program.
 version() { sed -n 's/^project(.*VERSION \([0-9.]*\).*/\1/p' CMakeLists.txt; }
 
+# Checks the layout of all code; changes nothing.
+check_layout() {
+    need clang-format
+    say "Checking the layout"
+    git ls-files -z '*.cpp' '*.h' | xargs -0 clang-format --dry-run --Werror
+}
+
 # Configures a preset and builds it, or only the targets named after it.
 build() {
     local preset=$1
