@@ -29,7 +29,8 @@ void ForEachFile(const std::string& folder, const std::string& pattern,
     std::set<std::pair<std::size_t, std::string>> names;
     for (const auto& entry : std::filesystem::directory_iterator(folder)) {
         const std::string name = entry.path().filename().string();
-        names.emplace(name.size(), name);
+        const bool droppedByADesktop = name.starts_with('.') || name == "Thumbs.db" || name == "desktop.ini";
+        if (!droppedByADesktop) names.emplace(name.size(), name);
     }
     for (const auto& [length, name] : names) {
         const std::string path = JoinPath(folder, name);
@@ -122,6 +123,8 @@ void MakeGame(const std::string& demo, const std::string& folder) {
     game["UIF.DAT"] = encode::EncodeEntryTable(parts, encode::InterfaceEntryCount);
 
     std::filesystem::create_directories(folder);
+    for (const std::string archive : {"IMG.1", "IMG.2", "IMG.3", "MAP.1", "MAP.2", "MAP.3"})
+        std::filesystem::remove(JoinPath(folder, archive)); // one of an episode that is gone would stay
     for (const auto& [name, bytes] : game) WriteByteArray(JoinPath(folder, name), bytes, true);
 }
 

@@ -33,6 +33,13 @@ for name, spoil, message in BAD:
     assert pack() == (1, 'make-demo-game: %s: %s' % (copy / name, message), False), (message, pack())
     (copy / name).write_bytes(good)
 assert pack() == (0, '', True)
+for path in copy.glob('*/* 3-*'):
+    path.unlink()
+(copy / 'maps/Thumbs.db').write_bytes(b'what a desktop drops into folders')
+assert pack() == (0, '', True)
+assert sorted(path.name for path in game.glob('*.[0-9]')) == ['IMG.1', 'IMG.2', 'MAP.1', 'MAP.2']  # none of the third
+shutil.copytree(demo, copy, dirs_exist_ok=True)
+assert pack() == (0, '', True)
 cells, (key, *grids) = (game / 'MAP.2').read_bytes()[514 + 8192:], (demo / MAP).read_text().split('\n\n')
 codes = {tuple(line.split()[:2]): int(line.split()[2]) for line in key.split('\n') if line[0] != ';'}
 for plane, grid in zip('01', grids):
