@@ -9,6 +9,7 @@
 # with a status other than 0 when anything differs.
 import os
 import random
+import re
 import shutil
 import sys
 from pathlib import Path
@@ -16,6 +17,7 @@ from pathlib import Path
 import desktop
 import model
 
+VERSION = re.search('VERSION ([0-9.]+) ', (Path(__file__).parents[2] / 'CMakeLists.txt').read_text().split('project(')[1])[1]
 CLIENT_HEIGHT = 488  # the menu bar stands above
 PICTURE_LEFT, PICTURE_TOP = 8 + 144, 8 + 16  # of both picture boxes in the client area
 FOLDER_DIALOG = '^(%s|Select Folder)$'  # the latter is what Wine calls it
@@ -64,14 +66,16 @@ class Tour:
     def start(self, **environment):
         settings = b'[Settings]\r\nOpenPath=' + os.fsencode(self.native(self.game)) + b'\r\n'
         (self.program / 'morvane-extractor.ini').write_bytes(settings)
+        environment['XDG_CONFIG_HOME'] = str(self.output / 'configuration')
         self.process = desktop.start(['wine', 'morvane-extractor.exe'] if self.windows else ['./morvane-extractor'],
                                      cwd=self.program, env={**os.environ, **environment})
-        self.main = desktop.window('^Morvane Extractor - 1\\.0\\.0$')
+        self.main = desktop.window('^Morvane Extractor - %s$' % re.escape(VERSION))
 
     def end(self):
         desktop.keys('alt+f')
         desktop.keys('x')
         assert self.process.wait(timeout=20) == 0
+        assert not (self.output / 'configuration').exists()  # the toolkit would keep settings there
 
     def run(self):
         self.start()
