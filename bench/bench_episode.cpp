@@ -14,7 +14,7 @@
 
 namespace {
 
-// What the floor paints: the map that the program shows, in a window of the same size.
+/// What the floor paints: the map that the program shows, in a window of the same size.
 class Pictures : public QWidget {
   public:
     std::vector<QImage> Shown;

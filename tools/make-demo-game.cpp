@@ -18,11 +18,11 @@ namespace {
 using namespace morvane;
 using encode::ByteVector;
 
-// The bytes of the packed files by their names.
+/// The bytes of the packed files by their names.
 using Game = std::map<std::string, ByteVector>;
 
-// Does something with each file of a folder: with its name, matched by a pattern that every name must fit,
-// and its bytes. What fails is told with the file's path.
+/// Does something with each file of a folder: with its name, matched by a pattern that every name must fit,
+/// and its bytes. What fails is told with the file's path.
 void ForEachFile(const std::string& folder, const std::string& pattern,
                  const std::function<void(const std::smatch& name, const ByteVector& bytes)>& action) {
     // Shorter names come first, so that 10 comes behind 9.
@@ -46,7 +46,7 @@ void ForEachFile(const std::string& folder, const std::string& pattern,
     }
 }
 
-// Makes GAME.PAL and IMG.1 to IMG.3.
+/// Makes GAME.PAL and IMG.1 to IMG.3.
 void PackImages(const std::string& folder, Game& game) {
     std::map<std::string, std::map<int, encode::Group>> episodes;
     encode::Palette palette; // the colours of the first picture, which all others must have
@@ -79,7 +79,7 @@ void PackImages(const std::string& folder, Game& game) {
     }
 }
 
-// Makes MAP.1 to MAP.3.
+/// Makes MAP.1 to MAP.3.
 void PackMaps(const std::string& folder, Game& game) {
     std::map<std::string, std::vector<encode::Map>> episodes;
     const char* pattern = R"(Map ([1-3])-(\d|[1-9]\d)\.txt)";
@@ -91,7 +91,7 @@ void PackMaps(const std::string& folder, Game& game) {
     for (const auto& [episode, maps] : episodes) game["MAP." + episode] = encode::EncodeMapArchive(maps);
 }
 
-// Makes SND.DAT. The bank without a number becomes the last entry, as Export All leaves the last bank.
+/// Makes SND.DAT. The bank without a number becomes the last entry, as Export All leaves the last bank.
 void PackSounds(const std::string& folder, Game& game) {
     std::vector<encode::Entry> entries(encode::SoundEntryCount);
     const char* pattern = R"(Song (\d{3})\.mid|Sound (\d{3})\.voc|Morvane (\d{3})\.ibk|Morvane\.ibk)";

@@ -17,7 +17,7 @@ namespace morvane {
 
 namespace {
 
-// The exception being handled, as the record of an error.
+/// The exception being handled, as the record of an error.
 Failure CurrentFailure() {
     try {
         throw;

@@ -58,14 +58,15 @@ class frmMain : public QMainWindow {
     /// Opens the folder in GamePath: palette, interface file, sounds, episode 1. True when all of it is
     /// loaded; a failure is reported here and gives false.
     bool OpenGameFolder();
-    void LoadGame(); // the steps of OpenGameFolder that may fail
+    void LoadGame(); ///< the steps of OpenGameFolder that may fail
 
     /// Enables frames, exports and View menu, or disables them and empties lists and pictures.
     void EnableControls(bool enabled);
 
-    // Refill a list and select its first entry. The archives of an episode give false when their list stays
-    // empty.
+    /// Reads the sounds into their list and selects the first one.
     void LoadSoundArchive();
+    /// Reads the episode's images or maps into their list and selects the first entry. Returns false when the
+    /// list stays empty.
     bool LoadImageArchive();
     bool LoadMapArchive();
 
@@ -86,15 +87,15 @@ class frmMain : public QMainWindow {
     ui::PictureBox* AddPictureBox(QWidget* frame, const char* name, QRect place);
 
     Program ThisProgram;
-    std::shared_ptr<clsINI> SettingsFile; // from Form_Load until the window is closed
+    std::shared_ptr<clsINI> SettingsFile; ///< from Form_Load until the window is closed
     std::optional<Failure> PendingError;
 
     /// While the controls are enabled, all tables here, all lists and both pictures belong to its GamePath
     /// and CurrentEpisode. Whatever leaves them apart disables the controls; an open whose
     /// first episode lists nothing leaves empty lists.
     LoadedGame Game;
-    std::int32_t CurrentView = 0;               // 0 Maps, 1 Walls/Sprites, 2 Sounds
-    std::vector<std::uint8_t> CurrentImageFile; // BMP bytes of the image shown last
+    std::int32_t CurrentView = 0;               ///< 0 Maps, 1 Walls/Sprites, 2 Sounds
+    std::vector<std::uint8_t> CurrentImageFile; ///< BMP bytes of the image shown last
 
     std::array<QGroupBox*, 3> fra{};
     ui::ListBox* lstMap = nullptr;

@@ -14,7 +14,7 @@ constexpr QSize ClientArea(617, 488);
 
 constexpr std::array<const char*, 3> ViewCaptions{"Maps", "Walls/Sprites", "Sounds"};
 
-// Fills the window without a layout of its own, so that nothing moves when the window's size changes.
+/// Fills the window without a layout of its own, so that nothing moves when the window's size changes.
 class Client : public QWidget {
   public:
     using QWidget::QWidget;

@@ -19,8 +19,8 @@ NumberText ScanHex(std::string_view text) {
             fits ? std::optional(static_cast<std::int32_t>(value)) : std::nullopt};
 }
 
-/// Of a decimal number outside the range of floating-point numbers: true when it is as good as 0, false when
-/// it is far too large.
+/// Tells which way a decimal number lies outside the range of floating-point numbers. Returns true when it is
+/// as good as 0, false when it is far too large.
 bool IsTiny(std::string_view number) {
     const std::size_t exponent = number.find_first_of("eE");
     if (exponent != std::string_view::npos) return number[exponent + 1] == '-';

@@ -13,7 +13,7 @@ namespace morvane {
 
 namespace {
 
-// The entry of an index, which must be in range; -1 stands for none and is not.
+/// The entry of an index, which must be in range; -1 stands for none and is not.
 template <typename List>
 auto& At(List& list, std::int32_t index) {
     if (index < 0 || static_cast<std::size_t>(index) >= list.size())
@@ -26,8 +26,8 @@ std::int32_t FindName(const auto& list, std::string_view name) {
     return found == list.end() ? -1 : static_cast<std::int32_t>(found - list.begin());
 }
 
-// True when a new key of this name must stand before another one. One whose name is a number stands before
-// greater numbers and all other names, any other before names that are greater byte by byte.
+/// True when a new key of this name must stand before another one. One whose name is a number stands before
+/// greater numbers and all other names, any other before names that are greater byte by byte.
 bool StandsBefore(std::string_view name, std::string_view other) {
     const std::optional<std::int32_t> number = WholeNumber(name).Value;
     if (!number) return name < other;
@@ -35,7 +35,7 @@ bool StandsBefore(std::string_view name, std::string_view other) {
     return !otherNumber || *number < *otherNumber;
 }
 
-// Appends the content of a file to the text. After a failure the text holds what was read before it.
+/// Appends the content of a file to the text. After a failure the text holds what was read before it.
 void AppendContent(const File& file, std::string& text) {
     std::array<std::uint8_t, 65536> part{};
     for (std::int64_t position = 0;; position += part.size()) {
@@ -115,7 +115,7 @@ void clsINI::LoadINI(std::string fileName) {
     AddLines(text);
 }
 
-// A line ends at CR or CR LF or with the text; any other LF is a character of its line.
+/// A line ends at CR or CR LF or with the text; any other LF is a character of its line.
 void clsINI::AddLines(std::string_view text) {
     while (!text.empty()) {
         const std::size_t end = std::min(text.find('\r'), text.size());

@@ -14,7 +14,7 @@ namespace {
 constexpr std::string_view HexDigits = "0123456789ABCDEFabcdef";
 constexpr std::size_t PatternLength = static_cast<std::size_t>(TileSide) * TileSide;
 
-// Takes a definition "extra,pattern,name" over into the symbol. Returns false when it is malformed.
+/// Takes a definition "extra,pattern,name" over into the symbol. Returns false when it is malformed.
 bool Define(MapSymbol& symbol, const std::string& definition) {
     const std::size_t first = definition.find(',');
     const std::size_t second = definition.find(',', first + 1);

@@ -8,7 +8,7 @@ namespace morvane {
 
 namespace {
 
-constexpr std::int32_t LargestSide = 32767; // keeps every product below in range
+constexpr std::int32_t LargestSide = 32767; ///< keeps every product below in range
 
 bool Holds(ConstBytes bytes, std::int32_t width, std::int32_t height) {
     return width >= 0 && height >= 0 && width <= LargestSide && height <= LargestSide &&

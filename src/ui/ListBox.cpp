@@ -20,7 +20,7 @@ QColor Mixed(const QColor& highlight, const QColor& base) {
             part(highlight.blue(), base.blue())};
 }
 
-// Draws an entry in a row of the fixed layout; narrow lists keep every digit.
+/// Draws an entry in a row of the fixed layout; narrow lists keep every digit.
 class RowPainter : public QStyledItemDelegate {
   public:
     using QStyledItemDelegate::QStyledItemDelegate;
@@ -55,7 +55,7 @@ class RowPainter : public QStyledItemDelegate {
     }
 };
 
-// True for the arrows, Home, End, the page keys and the space bar.
+/// True for the arrows, Home, End, the page keys and the space bar.
 bool Navigates(const QKeyEvent& event) {
     return (event.key() >= Qt::Key_Home && event.key() <= Qt::Key_PageDown) || event.key() == Qt::Key_Space;
 }
@@ -123,7 +123,7 @@ void ListBox::mouseMoveEvent(QMouseEvent* event) {
     HandleAndAnnounce([&] { QListWidget::mouseMoveEvent(&inside); }, false);
 }
 
-// The second press of a double click selects like any other.
+/// The second press of a double click selects like any other.
 void ListBox::mouseDoubleClickEvent(QMouseEvent* event) { mousePressEvent(event); }
 
 void ListBox::keyPressEvent(QKeyEvent* event) {

@@ -24,7 +24,7 @@ class Menu {
 
   private:
     QMenu* Items;
-    QActionGroup* Group; // its being disabled disables the shortcuts
+    QActionGroup* Group; ///< disabling it disables the shortcuts, too
 };
 
 } // namespace ui

@@ -38,7 +38,7 @@ void PictureBox::paintEvent(QPaintEvent* /*event*/) {
     if (!Shown.isNull()) QPainter(this).drawImage(0, 0, Shown);
 }
 
-// The frame around draws the mark of the focus, so that it covers nothing of the picture.
+/// The frame around draws the mark of the focus, so that it covers nothing of the picture.
 void PictureBox::focusInEvent(QFocusEvent* /*event*/) { parentWidget()->update(); }
 void PictureBox::focusOutEvent(QFocusEvent* /*event*/) { parentWidget()->update(); }
 

@@ -11,8 +11,8 @@ namespace ui {
 
 namespace {
 
-// A filter "Description|pattern|..." as the toolkit's list: each description with its pattern in parentheses
-// behind it. "*.*" becomes "*", for it means every file.
+/// A filter "Description|pattern|..." as the toolkit's list: each description with its pattern in parentheses
+/// behind it. "*.*" becomes "*", for it means every file.
 QStringList NameFilters(const std::string& filter) {
     const QStringList parts = FromBytes(filter).split('|');
     QStringList filters;

@@ -17,7 +17,7 @@ void Put(ByteVector& bytes, std::size_t position, std::uint32_t value, std::size
     for (std::size_t i = 0; i < size; ++i) bytes[position + i] = static_cast<std::uint8_t>(value >> (8 * i));
 }
 
-// Appends an image record: a header of 10 bytes and the pixels column by column, each from top to bottom.
+/// Appends an image record: a header of 10 bytes and the pixels column by column, each from top to bottom.
 void AppendImage(ByteVector& bytes, const Image& image) {
     const std::size_t start = bytes.size();
     bytes.resize(start + 10);
