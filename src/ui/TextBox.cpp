@@ -1,6 +1,7 @@
 #include "TextBox.h"
 
 #include <QTextDocument>
+#include <QWheelEvent>
 
 namespace ui {
 
@@ -11,6 +12,11 @@ TextBox::TextBox(QWidget* parent) : QPlainTextEdit(parent) {
     setLineWidth(2);
     setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     document()->setDocumentMargin(0);
+}
+
+void TextBox::wheelEvent(QWheelEvent* event) {
+    event->setModifiers(event->modifiers() & ~Qt::ControlModifier);
+    QPlainTextEdit::wheelEvent(event);
 }
 
 } // namespace ui

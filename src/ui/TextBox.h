@@ -15,7 +15,7 @@ class TextBox : public QPlainTextEdit {
 
   protected:
     /// Ctrl and the wheel scroll as the wheel alone does; the toolkit would change the font.
-    void wheelEvent(QWheelEvent* event) override { QAbstractScrollArea::wheelEvent(event); }
+    void wheelEvent(QWheelEvent* event) override;
 };
 
 } // namespace ui
