@@ -30,7 +30,7 @@ bool FileDialog::Run() {
 void FileDialog::accept() {
     // A dialog of the system's has gone from the screen by now. It must end here, or it would go on blocking
     // the window.
-    if (testAttribute(Qt::WA_DontShowOnScreen)) return QDialog::accept();
+    if (testAttribute(Qt::WA_DontShowOnScreen)) return done(Accepted);
     try {
         if (Agrees(this)) QFileDialog::accept();
     } catch (...) { // short of memory; nothing may pass through Qt, so the dialog stays
