@@ -3,15 +3,31 @@
 #include "MessageBox.h"
 #include "Text.h"
 
+#include <QCompleter>
+#include <QFileSystemModel>
+#include <QKeyEvent>
+
 namespace ui {
 
-FileDialog::FileDialog(QWidget* owner, const std::string& title)
-    : QFileDialog(ShownOwner(owner), FromBytes(title)) {}
+namespace {
 
-void FileDialog::ShowNearest(const QString& folder) {
+QString Nearest(const QString& folder) {
     QFileInfo nearest(folder.isEmpty() ? QDir::homePath() : folder);
     while (!nearest.isDir() && !nearest.isRoot()) nearest = QFileInfo(nearest.path());
-    setDirectory(nearest.filePath());
+    return nearest.filePath();
+}
+
+} // namespace
+
+FileDialog::FileDialog(QWidget* owner, const std::string& title, const QString& folder)
+    : QFileDialog(ShownOwner(owner), FromBytes(title), Nearest(folder)) {
+    if (Field() == nullptr) return; // the system's dialog sees to all below
+    for (const char* list : {"listView", "treeView"}) findChild<QWidget*>(list)->installEventFilter(this);
+    // Completions of what was typed would pop up once another folder has been entered and read.
+    QCompleter* completer = Field()->completer();
+    connect(findChild<QFileSystemModel*>(), &QFileSystemModel::rootPathChanged, this,
+            [completer] { completer->setWidget(nullptr); });
+    connect(Field(), &QLineEdit::textEdited, this, [this, completer] { completer->setWidget(Field()); });
 }
 
 bool FileDialog::Run() {
@@ -20,7 +36,7 @@ bool FileDialog::Run() {
         if (!ofTheSystem || Agrees(parentWidget())) return true;
         // Without being told what it held, the dialog would come back as it first was.
         const QString chosen = selectedFiles().value(0), filter = selectedNameFilter();
-        ShowNearest(chosen.isEmpty() ? directory().path() : QFileInfo(chosen).path());
+        setDirectory(Nearest(chosen.isEmpty() ? directory().path() : QFileInfo(chosen).path()));
         selectFile(chosen);
         selectNameFilter(filter);
     }
@@ -35,6 +51,18 @@ void FileDialog::accept() {
         if (Agrees(this)) QFileDialog::accept();
     } catch (...) { // short of memory; nothing may pass through Qt, so the dialog stays
     }
+}
+
+bool FileDialog::eventFilter(QObject* list, QEvent* event) {
+    // While a new folder is being named in a list, that has the focus, and Enter ends it.
+    if (event->type() == QEvent::KeyPress && list == focusWidget()) {
+        const int key = static_cast<QKeyEvent*>(event)->key();
+        if (key == Qt::Key_Return || key == Qt::Key_Enter) {
+            accept();
+            return true;
+        }
+    }
+    return QFileDialog::eventFilter(list, event);
 }
 
 QLineEdit* FileDialog::Field() const { return findChild<QLineEdit*>("fileNameEdit"); }

@@ -11,16 +11,17 @@ namespace ui {
 /// about the choice; or the system's, which has closed by then and is shown again as it was left.
 class FileDialog : public QFileDialog {
   public:
-    FileDialog(QWidget* owner, const std::string& title);
-
-    /// Shows a folder, or the nearest one above it that exists and whose name is text; the home folder when
-    /// there is none to begin with.
-    void ShowNearest(const QString& folder);
+    /// Opens in a folder, or the nearest one above it that exists and whose name is text; in the home folder
+    /// when there is none to begin with.
+    FileDialog(QWidget* owner, const std::string& title, const QString& folder);
 
     /// Shows the dialog until the user cancels it or makes a choice that is agreed on. True for the latter.
     bool Run();
 
     void accept() override;
+
+    /// Lets Enter choose in the lists as it does in the field.
+    bool eventFilter(QObject* list, QEvent* event) override;
 
   protected:
     /// Judges the choice: asks and tells the user what there is to be asked and told, in boxes over the

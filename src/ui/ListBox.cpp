@@ -123,6 +123,11 @@ void ListBox::mouseMoveEvent(QMouseEvent* event) {
     HandleAndAnnounce([&] { QListWidget::mouseMoveEvent(&inside); }, false);
 }
 
+void ListBox::mouseReleaseEvent(QMouseEvent* event) {
+    QListWidget::mouseReleaseEvent(event);
+    stopAutoScroll(); // the toolkit would scroll on once more, without the selection
+}
+
 /// The second press of a double click selects like any other.
 void ListBox::mouseDoubleClickEvent(QMouseEvent* event) { mousePressEvent(event); }
 

@@ -6,6 +6,8 @@
 #include <QMessageBox>
 #include <QTextLayout>
 
+#include <algorithm>
+
 namespace ui {
 
 namespace {
@@ -24,9 +26,8 @@ QMessageBox::Icon IconOf(BoxIcon icon) {
     return QMessageBox::NoIcon;
 }
 
-/// A word in pieces that a box has room for, each on a line of its own.
-QString Broken(const QString& word, const QFont& font) {
-    constexpr int LongestLine = 400; // in pixels; with icon and margins it fits any box
+/// A word in pieces of a width in pixels, each on a line of its own.
+QString Broken(const QString& word, const QFont& font, int width) {
     QTextOption anywhere;
     anywhere.setWrapMode(QTextOption::WrapAtWordBoundaryOrAnywhere);
     QTextLayout layout(word, font);
@@ -34,7 +35,7 @@ QString Broken(const QString& word, const QFont& font) {
     QStringList pieces;
     layout.beginLayout();
     for (QTextLine line = layout.createLine(); line.isValid(); line = layout.createLine()) {
-        line.setLineWidth(LongestLine);
+        line.setLineWidth(width);
         pieces += word.mid(line.textStart(), line.textLength());
     }
     layout.endLayout();
@@ -43,10 +44,12 @@ QString Broken(const QString& word, const QFont& font) {
 
 /// The text with its long words broken, as names and paths can be. The box itself breaks between words.
 QString WithBrokenWords(const QString& text, const QFont& font) {
+    // With icon and margins this fits any box. Paths of thousands of letters take wider and then more lines.
+    const int width = std::clamp(QFontMetrics(font).horizontalAdvance(text) / 20, 400, 750);
     QStringList lines = text.split('\n');
     for (QString& line : lines) {
         QStringList words = line.split(' ');
-        for (QString& word : words) word = Broken(word, font);
+        for (QString& word : words) word = Broken(word, font, width);
         line = words.join(' ');
     }
     return lines.join('\n');

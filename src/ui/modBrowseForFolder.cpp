@@ -4,8 +4,9 @@
 #include "MessageBox.h"
 #include "Text.h"
 
+#include <QDialogButtonBox>
 #include <QFileSystemModel>
-#include <QKeyEvent>
+#include <QPushButton>
 #include <QToolButton>
 
 namespace ui {
@@ -15,30 +16,28 @@ namespace {
 /// Chooses the folder on display, or the one selected in it.
 class FolderDialog : public FileDialog {
   public:
-    FolderDialog(QWidget* owner, const std::string& title, bool makesFolders) : FileDialog(owner, title) {
+    FolderDialog(QWidget* owner, const std::string& title, const QString& folder, bool makesFolders)
+        : FileDialog(owner, title, folder) {
         setFileMode(Directory);
         setOption(ShowDirsOnly);
         setOption(ReadOnly, !makesFolders);
         if (Field() == nullptr) return; // the system's dialog sees to all below
-        // Whichever way another folder is entered, a name left in the field would be taken as one in there.
-        connect(findChild<QFileSystemModel*>(), &QFileSystemModel::rootPathChanged, Field(),
-                &QLineEdit::clear);
-        for (const char* list : {"listView", "treeView"}) findChild<QWidget*>(list)->installEventFilter(this);
+        auto* choose = findChild<QDialogButtonBox*>("buttonBox")->button(QDialogButtonBox::Open);
+        connect(findChild<QFileSystemModel*>(), &QFileSystemModel::rootPathChanged, this, [this, choose] {
+            // Whichever way another folder is entered, a name left in the field would be taken as one in
+            // there. The toolkit would look for the empty name, too, and find something to select.
+            const QSignalBlocker quiet(Field());
+            Field()->clear();
+            choose->setEnabled(true);
+        });
         // The dialog writes the name of a new folder into the field only when the field is not in use.
         findChild<QToolButton*>("newFolderButton")->setFocusPolicy(Qt::StrongFocus);
     }
 
-    /// Enter chooses in the lists, too; the toolkit would enter the selected folder, as a double click does.
-    /// While a new folder is being named, Enter ends that.
-    bool eventFilter(QObject* list, QEvent* event) override {
-        if (event->type() == QEvent::KeyPress && list == focusWidget()) {
-            const int key = static_cast<QKeyEvent*>(event)->key();
-            if (key == Qt::Key_Return || key == Qt::Key_Enter) {
-                accept();
-                return true;
-            }
-        }
-        return FileDialog::eventFilter(list, event);
+    /// The folder chosen. Its path is without "..", unless a symbolic link makes that another folder.
+    [[nodiscard]] QString Path() const {
+        const QString path = selectedFiles().front(), clean = QDir::cleanPath(path);
+        return QFileInfo(clean) == QFileInfo(path) ? clean : path;
     }
 
   protected:
@@ -62,11 +61,10 @@ class FolderDialog : public FileDialog {
 
 std::string BrowseForFolder(const std::string& startFolder, QWidget* owner, const std::string& title,
                             bool newStyle) {
-    FolderDialog dialog(owner, title, newStyle);
-    dialog.ShowNearest(
-        startFolder.empty() ? QString() : QDir::cleanPath(QDir().absoluteFilePath(FromBytes(startFolder))));
-    if (!dialog.Run()) return {};
-    return ToBytes(QDir::toNativeSeparators(dialog.selectedFiles().front()));
+    const QString start =
+        startFolder.empty() ? QString() : QDir::cleanPath(QDir().absoluteFilePath(FromBytes(startFolder)));
+    FolderDialog dialog(owner, title, start, newStyle);
+    return dialog.Run() ? ToBytes(QDir::toNativeSeparators(dialog.Path())) : std::string();
 }
 
 } // namespace ui

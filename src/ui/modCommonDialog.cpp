@@ -23,8 +23,9 @@ QStringList NameFilters(const std::string& filter) {
 
 class SaveDialog : public FileDialog {
   public:
-    SaveDialog(QWidget* owner, const std::string& title, QStringList filters, QString extension)
-        : FileDialog(owner, title), Filters(std::move(filters)), Extension(std::move(extension)) {
+    SaveDialog(QWidget* owner, const std::string& title, const QString& folder, QStringList filters,
+               QString extension)
+        : FileDialog(owner, title, folder), Filters(std::move(filters)), Extension(std::move(extension)) {
         setAcceptMode(AcceptSave);
         setFileMode(AnyFile);
         // The questions are our own, so that they are the same on every desktop.
@@ -102,8 +103,7 @@ std::string ShowSaveDialog(QWidget* owner, const std::string& filter, const std:
                            const std::string& initialFolder, const std::string& defaultExtension,
                            const std::string& defaultFileName, int& filterIndex) {
     const QStringList filters = NameFilters(filter);
-    SaveDialog dialog(owner, title, filters, FromBytes(defaultExtension));
-    dialog.ShowNearest(FromBytes(initialFolder));
+    SaveDialog dialog(owner, title, FromBytes(initialFolder), filters, FromBytes(defaultExtension));
     dialog.selectNameFilter(filters.value(filterIndex - 1));
     dialog.Propose(FromBytes(defaultFileName));
     const bool accepted = dialog.Run();
