@@ -12,9 +12,9 @@ struct SampleGame {
         for (std::size_t i = 0; i < Colors.size(); ++i) Colors[i] = {Byte(i), Byte(255 - i), Byte(i / 2)};
         for (const int group : {2, 3, 7}) Groups[group] = MakeGroup(group, group % 3 + 1);
         for (std::size_t m = 0; m < Maps.size(); ++m) Maps[m].fill({Byte(m), 0});
-        Sounds[1].Data = Text("IBK\x1A bank");
         Sounds[2].Data = Text("MThd song");
         Sounds[4].Data = Text("MThx no song");
+        Sounds[9].Data = Text("IBK\x1A bank");
         Sounds[17].Data = Text("Creative Voice File\x1A effect");
     }
 
@@ -51,9 +51,17 @@ struct SampleGame {
         }
     }
 
+    /// "Picture 1-002-03.bmp" for the third image of group 2 in episode 1.
+    static std::string ImageFileName(int episode, int group, int image) {
+        const auto last = [](int digits, int number) {
+            return std::to_string(1000 + number).substr(4 - digits);
+        };
+        return "Picture " + last(1, episode) + "-" + last(3, group) + "-" + last(2, image + 1) + ".bmp";
+    }
+
     /// What exports of all images of an episode must write: 8-bit BMP files by name, made of rows of pixels.
-    [[nodiscard]] std::map<std::string, ByteVector> ImageFiles(int episode) const {
-        std::map<std::string, ByteVector> files;
+    [[nodiscard]] Contents ImageFiles(int episode) const {
+        Contents files;
         for (const auto& [number, group] : InEpisode(episode).Groups)
             for (int k = 0; const encode::Image& image : group.Images) {
                 const int size = 1078 + (image.Width + 3) / 4 * 4 * image.Height;
@@ -66,17 +74,15 @@ struct SampleGame {
                     bmp.insert(bmp.end(), row - image.Width, row);
                     bmp.resize((bmp.size() + 1) / 4 * 4 + 2); // the rows begin at byte 1078
                 }
-                files["Picture " + std::to_string(episode) + "-" + std::to_string(1000 + number).substr(1) +
-                      "-" + std::to_string(100 + ++k).substr(1) + ".bmp"] = bmp;
+                files[ImageFileName(episode, number, k++)].assign(bmp.begin(), bmp.end());
             }
         return files;
     }
 
     /// What exports of all sounds must write.
-    [[nodiscard]] std::map<std::string, ByteVector> SoundFiles() const {
-        return {{"Morvane.ibk", Sounds[1].Data},
-                {"Song 002.mid", Sounds[2].Data},
-                {"Sound 017.voc", Sounds[17].Data}};
+    [[nodiscard]] Contents SoundFiles() const {
+        const auto text = [this](int n) { return std::string(Sounds[n].Data.begin(), Sounds[n].Data.end()); };
+        return {{"Morvane.ibk", text(9)}, {"Song 002.mid", text(2)}, {"Sound 017.voc", text(17)}};
     }
 
     std::array<encode::Color, 256> Colors{};

@@ -11,34 +11,9 @@ namespace morvane {
 
 namespace fs = std::filesystem;
 
-/// The names of the things that are otherwise in the second set, or not there; "more" when it has others.
-template <typename Things>
-std::string Differences(const Things& a, const Things& b) {
-    std::string names;
-    for (const auto& [name, thing] : a)
-        if (!b.contains(name) || b.at(name) != thing) names += name + ", ";
-    return names + (b.size() > a.size() ? "more" : "");
-}
-
-inline std::map<std::string, ByteVector> FilesIn(const std::string& folder) {
-    std::map<std::string, ByteVector> files;
-    for (const auto& entry : fs::directory_iterator(folder))
-        if (entry.is_regular_file()) files[entry.path().filename().string()] = BytesOf(entry.path().string());
-    return files;
-}
-
-/// Tells pictures apart.
-inline std::string SumOf(const QImage& image) {
-    const QImage same = image.convertToFormat(QImage::Format_RGB32);
-    const std::string bits = std::to_string(qHash(QByteArrayView(same.constBits(), same.sizeInBytes())));
-    return std::to_string(image.width()) + " wide, " + bits;
-}
-
 /// The real main window with a program folder, symbol files and a sample game of its own, driven as a user
-/// would. Modal dialogs are noted and answered as soon as they come up.
+/// would. What is done and what is seen is said in words.
 struct TestWindow : testing::Test {
-    using Parts = std::map<std::string, std::string>;
-
     TestWindow() {
         fs::current_path("/");
         for (const std::string n : {"1", "2", "3"}) // code 1 has another colour in each episode
@@ -49,13 +24,14 @@ struct TestWindow : testing::Test {
         Watch.start(1);
     }
 
-    /// Starts anew, with this folder remembered.
-    void Start(const std::string& folder, const QList<std::string>& answers = {}) {
+    /// Starts the program, which remembers this folder; returns what is seen, as Do does.
+    std::string Start(const std::string& folder, const QList<std::string>& answers = {}) {
         Answers = answers;
         ProgramFolder.Write("viewer.ini", "[Settings]\r\nOpenPath=" + folder + "\r\n");
         Window = std::make_unique<frmMain>(Program{ProgramFolder.Path, "viewer"});
         Window->Form_Load();
         Window->show();
+        return Seen();
     }
     void StartOnSample(const std::vector<int>& episodes = {1, 2, 3}) {
         Sample.Write(GameDir, episodes);
@@ -63,147 +39,242 @@ struct TestWindow : testing::Test {
     }
     [[nodiscard]] std::string Settings() const { return TextOf(ProgramFolder / "viewer.ini"); }
 
-    template <typename Widget = QWidget>
-    [[nodiscard]] Widget& Get(const QString& name) const {
-        return *Window->findChild<Widget*>(name);
-    }
-
-    /// Does what the user does: keys as "Ctrl+W", a menu item by its name, a click on "lstMap 2", or several
-    /// of them with ", " between. Answers the dialogs that follow (see Answers), and returns the state, the
-    /// dialogs, and what is mixed.
-    std::string Do(const std::string& action, const QList<std::string>& answers = {}) {
+    /// Does what the user does, one step or several with ", " between: a menu item ("Export All"), a click on
+    /// an entry of a list ("Map 1", "MIDI 2", for the image list "image 0") or a key ("Home"). Dialogs get
+    /// the answers in turn: "yes", "no", "cancel", "accept" for what stands in the field, or what is typed
+    /// there; without an answer left, questions get "yes" and others "cancel". Returns what is seen.
+    std::string Do(const std::string& steps, const QList<std::string>& answers = {}) {
         Answers = answers;
         QApplication::setActiveWindow(Window.get());
         QApplication::processEvents();
-        for (const QString& step : QString::fromStdString(action).split(", ")) {
-            QWidget* focus = QApplication::focusWidget();
-            if (const auto* list = Window->findChild<QListWidget*>(step.section(' ', 0, 0))) {
-                const QRect entry = list->visualItemRect(list->item(step.section(' ', 1).toInt()));
-                QTest::mouseClick(list->viewport(), Qt::LeftButton, {}, entry.center());
-            } else if (auto* item = Window->findChild<QAction*>(step))
-                item->trigger();
-            else
-                QTest::keySequence(focus != nullptr ? focus : Window.get(), QKeySequence(step));
-        }
-        return State() + TakeSeen() + Mixed();
+        for (const QString& step : QString::fromStdString(steps).split(", ")) DoStep(step);
+        return Seen();
     }
 
-    /// The dialogs seen since the last call, a line for each, with "GAME" and "PROGRAM" for the folders. It
-    /// begins with "!" for the critical icon, "^" for an owner that is shown, "~" for the busy pointer, "R"
-    /// for a dialog that makes no folders, "Y" or "N" for a question and its preset answer. Then come the
-    /// title and the text or the path proposed.
-    std::string TakeSeen() { return std::exchange(Seen, {}).toStdString(); }
+    /// The state, the dialogs since the last call, and what is not of Sample while the controls are enabled.
+    std::string Seen() { return State() + TakeDialogs() + Mixed(); }
 
-    /// A letter for each frame ("V" when it is visible, "e" when it is enabled only; "v" or "-" when it is
-    /// disabled), then a sign for Export, Export All, each episode and each view ("*" checked, "+" enabled
-    /// only; "x" or "-" when it is disabled). "Vee--*++*++" is a game just opened.
+    /// The view, whether it can be exported, the episodes that can be chosen and a star at the one checked:
+    /// "Sounds, exports, episodes 1 2* 3". While the controls are disabled: "empty" before the first game,
+    /// then "empty Sounds, episode 2 is checked". What does not agree follows behind "but".
     [[nodiscard]] std::string State() const {
-        std::string text;
-        for (const char* name : {"fra0", "fra1", "fra2"})
-            text += "-evV"[2 * !Get(name).isHidden() + Get(name).isEnabled()];
-        for (const auto* item : Window->findChildren<QAction*>(QRegularExpression("mnu(FileExp|View)")))
-            text += "-+x*"[2 * item->isChecked() + item->isEnabled()];
-        return text;
-    }
-    [[nodiscard]] bool IsOpen() const { return State().find('V') != std::string::npos; }
-    [[nodiscard]] int Episode() const { return static_cast<int>(State().find_first_of("*x", 5)) - 4; }
-
-    /// State, lists, pictures and codes.
-    [[nodiscard]] Parts Screen() const {
-        Parts screen{{"state", State()}, {"txt", Get<QPlainTextEdit>("txt").toPlainText().toStdString()}};
-        for (const char* name : Lists) {
-            for (const ui::ListItem& item : Get<ui::ListBox>(name).Items()) screen[name] += item.Text + ",";
-            screen[name] += std::to_string(Chosen(name));
+        const QStringList views{"Maps", "Walls/Sprites", "Sounds"};
+        QStringList visible, enabled, offered, checked, exports, episodes, others;
+        for (int i = 0; i < 3; ++i) {
+            const QString n = QString::number(i);
+            if (!Get("fra" + n).isHidden()) visible += views[i];
+            if (Get("fra" + n).isEnabled()) enabled += views[i];
+            const auto& view = Get<QAction>("mnuViewFrame" + n);
+            if (view.isEnabled()) offered += views[i];
+            if (view.isChecked()) checked += views[i];
+            const auto& episode = Get<QAction>("mnuViewEpisode" + n);
+            const QString number = QString::number(i + 1);
+            if (episode.isEnabled()) episodes += number + (episode.isChecked() ? "*" : "");
+            if (!episode.isEnabled() && episode.isChecked()) others += "episode " + number + " is checked";
         }
-        for (const char* name : {"picMap", "pic"}) screen[name] = SumOf(Get<ui::PictureBox>(name).Image());
-        return screen;
+        const bool untouched = enabled.isEmpty() && checked.isEmpty() && visible == views.first(1);
+        const auto these = [](const QStringList& names) {
+            return names.isEmpty() ? "nothing" : names.join(" and ");
+        };
+        QString text = enabled.isEmpty() ? "empty " : "";
+        text = untouched ? "empty" : text + these(visible);
+        if (Get<QAction>("mnuFileExport").isEnabled()) exports += "exports";
+        if (Get<QAction>("mnuFileExportAll").isEnabled() != !exports.isEmpty())
+            others += "but Export and Export All differ";
+        if (!episodes.isEmpty()) exports += "episodes " + episodes.join(' ');
+        if (checked != visible && !untouched) others += "but " + these(checked) + " is checked";
+        if (offered != enabled) others += "but the menu offers " + these(offered);
+        if (!enabled.isEmpty() && enabled != views) others += "but only " + these(enabled) + " is enabled";
+        return (QStringList{text} + exports + others).join(", ").toStdString();
+    }
+    [[nodiscard]] bool IsOpen() const { return !State().starts_with("empty"); }
+    [[nodiscard]] int Episode() const { // the one checked
+        int episode = 1;
+        while (episode < 3 && !Get<QAction>("mnuViewEpisode" + QString::number(episode - 1)).isChecked())
+            ++episode;
+        return episode;
     }
     [[nodiscard]] int Chosen(const char* list) const { return Get<QListWidget>(list).currentRow(); }
 
-    /// What on the screen is not of Sample and the episode checked while the controls are enabled.
-    [[nodiscard]] std::string Mixed() const {
-        if (!IsOpen()) return {};
-        const int episode = Episode(), image = Chosen("lstImage");
-        const SampleGame model = Sample.InEpisode(episode);
-        Parts want = Screen();
-        for (const char* name : Lists) want[name].clear();
-        for (int i = 0; i < std::ssize(model.Maps); ++i) want["lstMap"] += "Map " + std::to_string(i) + ",";
-        for (int i = 0; const auto& [number, group] : model.Groups) {
-            want["lstGroup"] += "Group " + std::to_string(number) + ",";
-            if (i++ != Chosen("lstGroup")) continue;
-            for (int k = 0; k < std::ssize(group.Images); ++k) want["lstImage"] += std::to_string(k) + ",";
-            if (image < 0) continue; // the image shown before stays
-            const QString name = QString::asprintf("Picture %d-%03d-%02d.bmp", episode, number, image + 1);
-            const ByteVector file = Sample.ImageFiles(episode)[name.toStdString()];
-            want["pic"] = SumOf(QImage::fromData({file.data(), std::ssize(file)}));
-            QByteArray codes(reinterpret_cast<const char*>(group.Codes.data()), std::ssize(group.Codes));
-            codes[2] = static_cast<char>(group.Images.size());
-            want["txt"] = "0x" + codes.toHex(' ').toUpper().replace(" ", " 0x").toStdString() + " ";
+    /// The dialogs since the last call, a line for each with "GAME" and "PROGRAM" for the folders.
+    std::string TakeDialogs() { return std::exchange(Dialogs, {}).toStdString(); }
+
+    /// State, lists, pictures and codes; "nothing" for a list without entries or no picture.
+    [[nodiscard]] Contents Screen() const {
+        Contents screen{{"state", State()}, {"txt", Get<QPlainTextEdit>("txt").toPlainText().toStdString()}};
+        for (const char* list : Lists) {
+            QStringList entries;
+            for (const ui::ListItem& item : Get<ui::ListBox>(list).Items())
+                entries += QString::fromStdString(item.Text);
+            screen[list] = InWords(entries, Chosen(list));
         }
-        want["lstSound"] = "InstBank 1,MIDI 2,VOC 17,";
-        for (const char* name : Lists) want[name] += std::to_string(Chosen(name));
-        QImage cells(64, 64, QImage::Format_Indexed8);
-        cells.setColorTable({0xFF000000, QList{0xFF0000A8, 0xFF00A800, 0xFF00A8A8}[episode - 1], 0xFFFCFCFC});
-        for (int i = 0; const auto& [below, above] : model.Maps.begin()[std::max(Chosen("lstMap"), 0)]) {
-            cells.setPixel(i % 64, i / 64, above > 0 ? 2 : below);
-            ++i;
-        }
-        want["picMap"] = SumOf(cells.scaled(448, 448));
-        const std::string mixed = Differences(Screen(), want);
-        return mixed.empty() ? "" : "\nMIXED: " + mixed;
+        for (const char* box : {"picMap", "pic"}) screen[box] = InWords(Get<ui::PictureBox>(box).Image());
+        return screen;
     }
 
-    /// The files that Export All writes otherwise than Sample and the episode say, while it is enabled.
+    /// How exports differ from those of Sample and the episode checked, while they are enabled.
     std::string WrongExports() {
         if (!Get<QAction>("mnuFileExportAll").isEnabled()) return {};
         const TempFolder target;
-        Do("mnuFileExportAll", {target.Path});
+        Do("Export All", {target.Path});
         const bool images = Get<QAction>("mnuViewFrame1").isChecked();
-        return Differences(FilesIn(target.Path), images ? Sample.ImageFiles(Episode()) : Sample.SoundFiles());
+        return Differences(target.Files(), images ? Sample.ImageFiles(Episode()) : Sample.SoundFiles());
     }
 
-    void Look() {
-        auto* dialog = qobject_cast<QDialog*>(QApplication::activeModalWidget());
-        if (dialog == nullptr) return;
-        auto* box = qobject_cast<QMessageBox*>(dialog);
-        auto* files = qobject_cast<QFileDialog*>(dialog);
-        auto* name = dialog->findChild<QLineEdit*>("fileNameEdit");
-        if (name != nullptr && !name->hasFocus()) { // as it is for whoever types
-            dialog->activateWindow();
-            return name->setFocus();
-        }
-        const bool asks = box != nullptr && box->standardButtons().testFlag(QMessageBox::Yes);
-        QString seen = box != nullptr && box->icon() == QMessageBox::Critical ? "\n!" : "\n";
-        if (dialog->parentWidget() != nullptr && dialog->parentWidget()->isVisible()) seen += '^';
-        if (QApplication::overrideCursor() != nullptr) seen += '~';
-        if (files != nullptr && files->testOption(QFileDialog::ReadOnly)) seen += 'R';
-        EXPECT_GT(dialog->width(), dialog->fontMetrics().horizontalAdvance(dialog->windowTitle()) + 100);
-        if (asks) seen += box->defaultButton()->text().right(1) == "s" ? 'Y' : 'N';
-        seen += dialog->windowTitle() + ": ";
-        for (const QLabel* label : dialog->findChildren<QLabel*>("qt_msgbox_label"))
-            for (const QString& word : label->text().split(QRegularExpression("\\s"))) // nothing is cut off
-                EXPECT_LE(label->fontMetrics().horizontalAdvance(word), label->width());
-        seen += box != nullptr ? box->text() : files->directory().filePath(name->text());
-        Seen += seen.replace(GameDir.Path.c_str(), "GAME").replace(ProgramFolder.Path.c_str(), "PROGRAM");
-        if (Meanwhile) std::exchange(Meanwhile, {})(*dialog);
-        if (box != nullptr && !asks) return box->button(QMessageBox::Ok)->click();
-        if (Answers.empty()) return asks ? box->button(QMessageBox::Yes)->click() : dialog->reject();
-        const std::string answer = Answers.takeFirst();
-        if (asks) return box->button(answer == "no" ? QMessageBox::No : QMessageBox::Yes)->click();
-        if (!answer.empty()) name->setText(QString::fromStdString(answer));
-        QTest::keyClick(name, Qt::Key_Return);
+    template <typename Widget = QWidget>
+    [[nodiscard]] Widget& Get(const QString& name) const {
+        return *Window->findChild<Widget*>(name);
     }
 
     static constexpr std::array Lists{"lstMap", "lstGroup", "lstImage", "lstSound"};
 
     TempFolder ProgramFolder, GameDir;
     SampleGame Sample;
-    /// For file dialogs, in turn: what to type, "" for what stands there; then they are cancelled. For
-    /// questions: "no" or anything else; then yes.
     QList<std::string> Answers;
     std::function<void(QDialog&)> Meanwhile; ///< done once, before the next dialog is answered
     std::unique_ptr<frmMain> Window;
-    QString Seen;
+
+  private:
+    void DoStep(const QString& step) const {
+        for (auto* list : Window->findChildren<QListWidget*>())
+            for (auto* entry : list->findItems(QString(step).remove("image "), Qt::MatchExactly)) {
+                list->scrollToItem(entry);
+                const QPoint place = list->visualItemRect(entry).center();
+                return QTest::mouseClick(list->viewport(), Qt::LeftButton, {}, place);
+            }
+        for (auto* item : Window->findChildren<QAction*>())
+            if (item->text().remove('&') == step && item->shortcut().isEmpty()) return item->trigger();
+        static const QMap<QString, QString> Shortcuts{{"Open", "Ctrl+O"},
+                                                      {"Maps", "Ctrl+M"},
+                                                      {"Walls/Sprites", "Ctrl+W"},
+                                                      {"Sounds", "Ctrl+D"},
+                                                      {"Episode 1", "Ctrl+Shift+F1"},
+                                                      {"Episode 2", "Ctrl+Shift+F2"},
+                                                      {"Episode 3", "Ctrl+Shift+F3"}};
+        QWidget* focus = QApplication::focusWidget();
+        QTest::keySequence(focus != nullptr ? focus : Window.get(),
+                           QKeySequence(Shortcuts.value(step, step)));
+    }
+
+    // "Map 0, Map 1*" for a list whose second entry is selected.
+    static std::string InWords(QStringList entries, int chosen) {
+        if (chosen >= 0 && chosen < entries.size()) entries[chosen] += "*";
+        return entries.isEmpty() ? "nothing" : entries.join(", ").toStdString();
+    }
+    static std::string InWords(const QImage& image) {
+        if (image.isNull()) return "nothing";
+        const QImage same = image.convertToFormat(QImage::Format_RGB32);
+        const std::size_t sum = qHash(QByteArrayView(same.constBits(), same.sizeInBytes()));
+        return std::to_string(image.width()) + " x " + std::to_string(image.height()) + " pixels with sum " +
+               std::to_string(sum);
+    }
+    static std::string InWords(const std::array<std::uint8_t, 90>& codes) {
+        const QByteArrayView bytes(codes.data(), codes.size());
+        return "0x" + bytes.toByteArray().toHex(' ').toUpper().replace(" ", " 0x").toStdString() + " ";
+    }
+    [[nodiscard]] QImage Drawn(const encode::Map& map) const {
+        QImage cells(64, 64, QImage::Format_Indexed8);
+        const QList<QRgb> colorOfCode1{0xFF0000A8, 0xFF00A800, 0xFF00A8A8};
+        cells.setColorTable({0xFF000000, colorOfCode1[Episode() - 1], 0xFFFCFCFC});
+        for (int i = 0; const auto& [below, above] : map) {
+            cells.setPixel(i % 64, i / 64, above > 0 ? 2 : below);
+            ++i;
+        }
+        return cells.scaled(448, 448);
+    }
+
+    // The parts of the screen that are otherwise than Sample and the episode checked have them, whatever
+    // entries are selected; nothing while the controls are disabled.
+    [[nodiscard]] std::string Mixed() const {
+        if (!IsOpen()) return {};
+        const SampleGame game = Sample.InEpisode(Episode());
+        const int map = Chosen("lstMap"), chosenGroup = Chosen("lstGroup"), image = Chosen("lstImage");
+        Contents wanted = Screen();
+        QStringList maps, groups, images;
+        for (int i = 0; i < std::ssize(game.Maps); ++i) maps += "Map " + QString::number(i);
+        if (map >= 0 && map < maps.size()) wanted["picMap"] = InWords(Drawn(game.Maps.begin()[map]));
+        for (int i = 0; const auto& [number, group] : game.Groups) {
+            groups += "Group " + QString::number(number);
+            if (i++ != chosenGroup) continue;
+            for (int k = 0; k < std::ssize(group.Images); ++k) images += QString::number(k);
+            if (image < 0) continue; // the image shown before stays
+            const std::string file =
+                Sample.ImageFiles(Episode())[SampleGame::ImageFileName(Episode(), number, image)];
+            wanted["pic"] = InWords(QImage::fromData(QByteArray::fromStdString(file)));
+            auto codes = group.Codes;
+            codes[2] = SampleGame::Byte(images.size());
+            wanted["txt"] = InWords(codes);
+        }
+        wanted["lstMap"] = InWords(maps, map);
+        wanted["lstGroup"] = InWords(groups, chosenGroup);
+        wanted["lstImage"] = InWords(images, image);
+        wanted["lstSound"] = InWords({"MIDI 2", "InstBank 9", "VOC 17"}, Chosen("lstSound"));
+        return Differences(Screen(), wanted);
+    }
+
+    // Notes a dialog as soon as it has come up, and answers it.
+    void Look() {
+        auto* dialog = qobject_cast<QDialog*>(QApplication::activeModalWidget());
+        if (dialog == nullptr) return;
+        auto* field = dialog->findChild<QLineEdit*>("fileNameEdit");
+        if (field != nullptr && !field->hasFocus()) { // as it is for whoever types
+            dialog->activateWindow();
+            return field->setFocus();
+        }
+        ExpectNothingIsCutOff(*dialog);
+        const QString text = "\n" + InWords(*dialog);
+        Dialogs += QString(text)
+                       .replace(GameDir.Path.c_str(), "GAME")
+                       .replace(ProgramFolder.Path.c_str(), "PROGRAM");
+        if (Meanwhile) std::exchange(Meanwhile, {})(*dialog);
+        Answer(*dialog, field);
+    }
+
+    static void ExpectNothingIsCutOff(const QDialog& dialog) {
+        const QString title = dialog.windowTitle();
+        EXPECT_GT(dialog.width(), dialog.fontMetrics().horizontalAdvance(title) + 100) << title.toStdString();
+        for (const QLabel* label : dialog.findChildren<QLabel*>("qt_msgbox_label"))
+            for (const QString& word : label->text().split(QRegularExpression("\\s")))
+                EXPECT_LE(label->fontMetrics().horizontalAdvance(word), label->width()) << word.toStdString();
+    }
+
+    // "question over a dialog, Yes preset: title: text", "folder dialog over the window: title: path
+    // proposed".
+    [[nodiscard]] QString InWords(const QDialog& dialog) const {
+        const auto* box = qobject_cast<const QMessageBox*>(&dialog);
+        const auto* files = qobject_cast<const QFileDialog*>(&dialog);
+        const QWidget* owner = dialog.parentWidget();
+        QString text;
+        if (box != nullptr)
+            text = QStringList{"message", "information", "warning", "error", "question"}[box->icon()];
+        else
+            text = files->fileMode() == QFileDialog::Directory ? "folder dialog" : "save dialog";
+        if (owner == nullptr || !owner->isVisible())
+            text += " without an owner";
+        else
+            text += owner == Window.get() ? " over the window" : " over a dialog";
+        if (QApplication::overrideCursor() != nullptr) text += ", busy pointer";
+        if (files != nullptr && files->testOption(QFileDialog::ReadOnly)) text += ", cannot make folders";
+        if (box != nullptr && Asks(*box)) text += ", " + box->defaultButton()->text().remove('&') + " preset";
+        text += ": " + dialog.windowTitle() + ": ";
+        if (box != nullptr) return text + box->text();
+        return text + files->directory().filePath(files->findChild<QLineEdit*>("fileNameEdit")->text());
+    }
+
+    static bool Asks(const QMessageBox& box) { return box.standardButtons().testFlag(QMessageBox::Yes); }
+
+    void Answer(QDialog& dialog, QLineEdit* field) {
+        auto* box = qobject_cast<QMessageBox*>(&dialog);
+        if (box != nullptr && !Asks(*box)) return box->button(QMessageBox::Ok)->click();
+        std::string answer = box != nullptr ? "yes" : "cancel";
+        if (!Answers.empty()) answer = Answers.takeFirst();
+        if (box != nullptr) return box->button(answer == "no" ? QMessageBox::No : QMessageBox::Yes)->click();
+        if (answer == "cancel") return dialog.reject();
+        if (answer != "accept") field->setText(QString::fromStdString(answer));
+        QTest::keyClick(field, Qt::Key_Return);
+    }
+
+    QString Dialogs;
     QTimer Watch;
 };
 

@@ -5,8 +5,8 @@
 
 #include <iostream>
 
-// Passes the toolkit's messages on, except for what the offscreen platform says again and again: it would bury
-// the message of a failing test.
+// Passes the toolkit's messages on, except for what the offscreen platform says again and again: it would
+// bury the message of a failing test.
 static void WithoutChatter(QtMsgType type, const QMessageLogContext& context, const QString& message) {
     if (message.contains("propagateSizeHints") || message.contains("XDG_RUNTIME_DIR")) return;
     std::cerr << qFormatLogMessage(type, context, message).toStdString() << '\n';
