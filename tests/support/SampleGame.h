@@ -53,10 +53,9 @@ struct SampleGame {
 
     /// "Picture 1-002-03.bmp" for the third image of group 2 in episode 1.
     static std::string ImageFileName(int episode, int group, int image) {
-        const auto last = [](int digits, int number) {
-            return std::to_string(1000 + number).substr(4 - digits);
-        };
-        return "Picture " + last(1, episode) + "-" + last(3, group) + "-" + last(2, image + 1) + ".bmp";
+        std::array<char, 40> name{};
+        std::snprintf(name.data(), name.size(), "Picture %d-%03d-%02d.bmp", episode, group, image + 1);
+        return name.data();
     }
 
     /// What exports of all images of an episode must write: 8-bit BMP files by name, made of rows of pixels.

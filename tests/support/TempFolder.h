@@ -18,22 +18,22 @@ using ByteVector = std::vector<std::uint8_t>;
 /// Contents by the names of what holds them: files, parts of the screen.
 using Contents = std::map<std::string, std::string>;
 
-/// Tells what is not as wanted, a line for each name; both values begin shortly before where they part.
+/// Tells what is seen otherwise than wanted, a line for each; long values from shortly before they part.
 inline std::string Differences(const Contents& seen, const Contents& wanted) {
+    Contents all = seen;
+    all.insert(wanted.begin(), wanted.end());
     std::string told;
-    for (const auto& [name, value] : wanted) {
-        const auto found = seen.find(name);
-        if (found == seen.end()) told += "\nbut " + name + " is missing";
-        if (found == seen.end() || found->second == value) continue;
-        const auto same = std::ranges::mismatch(found->second, value).in2 - value.begin();
-        const std::size_t from = same > 30 ? static_cast<std::size_t>(same - 30) : 0;
-        const auto piece = [from](const std::string& text) {
-            return testing::PrintToString((from > 0 ? "..." : "") + text.substr(from, 60));
+    for (const auto& [name, value] : all) {
+        const auto valueIn = [&](const Contents& contents) {
+            return contents.contains(name) ? testing::PrintToString(contents.at(name)) : "nothing";
         };
-        told += "\nbut " + name + " shows " + piece(found->second) + " instead of " + piece(value);
+        const std::string is = valueIn(seen), should = valueIn(wanted);
+        const auto same = std::ranges::mismatch(is, should).in1 - is.begin();
+        const std::size_t from = same > 30 ? static_cast<std::size_t>(same) - 30 : 0;
+        if (is != should)
+            told +=
+                "\nbut " + name + " shows " + is.substr(from, 60) + " instead of " + should.substr(from, 60);
     }
-    for (const auto& [name, value] : seen)
-        if (!wanted.contains(name)) told += "\nbut there is " + name;
     return told;
 }
 
