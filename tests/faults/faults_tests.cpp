@@ -5,7 +5,6 @@
 
 #include <cerrno>
 #include <fcntl.h>
-#include <iostream>
 #include <span>
 #include <string_view>
 #include <sys/stat.h>
@@ -273,7 +272,7 @@ TEST_P(EveryCallFailsOnce, AndTheProgramGoesOn) {
             TheSameActionWorksOnceTheDiskDoes(seen);
             ++tried;
         }
-    std::cout << tried << " faults\n";
+    EXPECT_GT(tried, 10);
 }
 
 INSTANTIATE_TEST_SUITE_P(Actions, EveryCallFailsOnce, testing::ValuesIn(Actions),

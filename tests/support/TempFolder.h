@@ -38,13 +38,9 @@ inline std::string Differences(const Contents& seen, const Contents& wanted) {
 }
 
 /// The whole content of a file, read without the code under test; empty when there is none.
-inline ByteVector BytesOf(const std::string& path) {
+inline std::string TextOf(const std::string& path) {
     std::ifstream file(path, std::ios::binary);
     return {std::istreambuf_iterator<char>(file), {}};
-}
-inline std::string TextOf(const std::string& path) {
-    const ByteVector bytes = BytesOf(path);
-    return {bytes.begin(), bytes.end()};
 }
 
 /// A new empty folder, removed at the end of its scope.

@@ -154,9 +154,8 @@ struct TestWindow : testing::Test {
     static std::string InWords(const QImage& image) {
         if (image.isNull()) return "nothing";
         const QImage same = image.convertToFormat(QImage::Format_RGB32);
-        const std::size_t sum = qHash(QByteArrayView(same.constBits(), same.sizeInBytes()));
-        return std::to_string(image.width()) + " x " + std::to_string(image.height()) + " pixels with sum " +
-               std::to_string(sum);
+        const auto sum = qHash(QByteArrayView(same.constBits(), same.sizeInBytes()));
+        return QString::asprintf("%d x %d pixels, sum %zu", image.width(), image.height(), sum).toStdString();
     }
     [[nodiscard]] QImage Drawn(const encode::Map& map) const {
         QImage cells(64, 64, QImage::Format_Indexed8);

@@ -129,8 +129,6 @@ TEST_F(TestWindow, EndsACommandWhoseWindowIsClosedMeanwhile) {
 
 TEST_F(TestWindow, AsksForANameAndBeforeItWrites) {
     fs::create_directory(GameDir / "sub");
-    fs::create_directory(ProgramFolder / "tmp"); // in the process's folder, not the dialog's
-    fs::current_path(ProgramFolder.Path);
     GameDir.Write("old.bmp", "old");
     const auto asked = [](const std::string& name) {
         return "\nsave dialog without an owner: T: GAME/" + name;
@@ -144,7 +142,6 @@ TEST_F(TestWindow, AsksForANameAndBeforeItWrites) {
     };
     for (const auto& [answers, seen, chosen] :
          {SaveCase{{"accept"}, create("name.bmp"), "/name.bmp"},
-          {{"tmp"}, create("tmp.bmp"), "/tmp.bmp"},
           {{"old", "no", "a", "no", "accept"},
            replace + asked("old") + create("a.bmp") + asked("a") + create("a.bmp"),
            "/a.bmp"},
@@ -186,18 +183,12 @@ TEST_F(TestWindow, ExportsAllOfTheView) {
     Do("Episode 2, Sounds");
     const TempFolder target;
     target.Write("Sound 017.voc", std::string(9000, 'x'));
-    const std::string sounds = "Sounds, exports, episodes 1 2* 3";
-    const std::string asked = "\nfolder dialog over the window: Export Path: PROGRAM";
     EXPECT_EQ(Do("Export All", {target.Path + "/"}),
-              sounds + asked + "\nmessage over the window, busy pointer: Morvane Extractor: Done");
+              "Sounds, exports, episodes 1 2* 3\nfolder dialog over the window: Export Path: PROGRAM"
+              "\nmessage over the window, busy pointer: Morvane Extractor: Done");
     EXPECT_EQ(Differences(target.Files(), Sample.SoundFiles()), "");
     Do("Walls/Sprites");
     EXPECT_EQ(WrongExports(), "");
-    // Another game is to be opened meanwhile, and cannot.
-    Meanwhile = [&](QDialog&) { QTimer::singleShot(0, &Get<QAction>("mnuFileOpen"), &QAction::trigger); };
-    EXPECT_EQ(Do("Export All", {target.Path, ProgramFolder.Path}),
-              "empty Walls/Sprites, episode 2 is checked" + asked + AskedForGame("GAME") +
-                  Missing("PROGRAM/GAME.PAL"));
 }
 
 // Random actions over two games, with what must always hold checked after each.
@@ -207,11 +198,9 @@ TEST_F(TestWindow, KeepsTogetherWhatBelongsTogether) {
     const auto pick = [&](const QStringList& words) {
         return words[random.bounded(words.size())].toStdString();
     };
-    const QStringList actions{"Map 0",         "Map 1",         "Map 60", "Group 3", "Group 7", "image 0",
-                              "image 1",       "MIDI 2",        "VOC 17", "Up",      "Down",    "Home",
-                              "End",           "PgUp",          "Tab",    "Space",   "G",       "Maps",
-                              "Walls/Sprites", "Walls/Sprites", "Sounds", "Open",    "Open",    "Episode 1",
-                              "Episode 2",     "Episode 3"};
+    const QString actions =
+        "Map 0,Map 1,Map 60,Group 3,Group 7,image 0,image 1,MIDI 2,VOC 17,Up,Down,Home,End,PgUp,"
+        "Tab,Space,G,Maps,Walls/Sprites,Walls/Sprites,Sounds,Open,Open,Episode 1,Episode 2,Episode 3";
     const TempFolder otherFolder;
     SampleGame game = Sample, otherGame = Sample;
     otherGame.Groups.erase(2);
@@ -220,7 +209,7 @@ TEST_F(TestWindow, KeepsTogetherWhatBelongsTogether) {
     StartOnSample();
     bool other = false; // the game last opened
     for (int i = 0; i < 1500; ++i) {
-        const std::string action = IsOpen() ? pick(actions) : "Open";
+        const std::string action = IsOpen() ? pick(actions.split(',')) : "Open";
         const bool opens = action == "Open" && !oneIn(5);
         if (opens) other = oneIn(2);
         if (opens) Sample = other ? otherGame : game;
