@@ -11,9 +11,6 @@ class Descriptor {
   public:
     explicit Descriptor(int number) : Number(number) {}
     Descriptor(Descriptor&& other) noexcept : Number(std::exchange(other.Number, -1)) {}
-    Descriptor& operator=(Descriptor&&) = delete;
-    Descriptor(const Descriptor&) = delete;
-    Descriptor& operator=(const Descriptor&) = delete;
     ~Descriptor() {
         if (Number >= 0) platform::Close(Number);
     }

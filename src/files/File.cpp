@@ -53,7 +53,7 @@ class WrittenFile {
 std::optional<File> File::OpenNormal(const std::string& path) {
     // The usual case, a file that is there, costs no look beforehand.
     if (platform::IsHidden(path)) return std::nullopt;
-    File file(path, Descriptor(platform::Open(path, platform::Access::Read)));
+    File file(path, Descriptor(platform::OpenToRead(path)));
     if (file.Opened.Get() < 0) {
         const int number = errno;
         if (!IsNormalFile(path)) return std::nullopt;
@@ -78,7 +78,7 @@ std::size_t File::ReadAt(std::int64_t position, Bytes bytes) const {
 }
 
 void WriteInPlace(const std::string& path, ConstBytes bytes) {
-    WrittenFile file(path, platform::Open(path, platform::Access::Overwrite));
+    WrittenFile file(path, platform::OpenToOverwrite(path));
     file.RequireRegular();
     file.Write(bytes);
     file.CutTo(bytes.size());
@@ -86,11 +86,11 @@ void WriteInPlace(const std::string& path, ConstBytes bytes) {
 }
 
 bool WriteByteArray(const std::string& fileName, ConstBytes bytes, bool overwrite) {
-    int descriptor = platform::Open(fileName, platform::Access::New);
+    int descriptor = platform::OpenNew(fileName);
     if (descriptor < 0 && errno == EEXIST) {
         if (!overwrite) return false;
         if (platform::Delete(fileName) < 0) throw FileSystemFailure(errno, fileName);
-        descriptor = platform::Open(fileName, platform::Access::New);
+        descriptor = platform::OpenNew(fileName);
     }
     WrittenFile file(fileName, descriptor);
     file.Write(bytes);

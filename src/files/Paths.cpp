@@ -6,16 +6,6 @@
 
 namespace morvane {
 
-namespace {
-
-char LowerCase(char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c; }
-
-bool EqualInAnyCase(std::string_view a, std::string_view b) {
-    return std::ranges::equal(a, b, {}, LowerCase, LowerCase);
-}
-
-} // namespace
-
 Program SplitProgramPath(const std::string& path) {
     const std::size_t separator = path.rfind(PathSeparator);
     if (separator == std::string::npos) return {"", ""};
@@ -41,13 +31,14 @@ std::string JoinPath(std::string_view folder, std::string_view name) {
 bool IsNormalFile(const std::string& path) { return platform::IsNormalFile(path); }
 
 std::string FindInOtherCase(const std::string& path) {
+    const auto lowerCase = [](char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c; };
     const std::size_t nameStart = path.rfind(PathSeparator) + 1; // 0 when there is no separator
     const std::string folder = path.substr(0, nameStart);
     std::string found;
     for (const std::string& name : platform::NamesToCompare(folder)) {
         const std::string candidate = folder + name;
-        if (EqualInAnyCase(name, path.substr(nameStart)) && IsNormalFile(candidate) &&
-            (found.empty() || candidate < found))
+        if (std::ranges::equal(name, path.substr(nameStart), {}, lowerCase, lowerCase) &&
+            IsNormalFile(candidate) && (found.empty() || candidate < found))
             found = candidate;
     }
     return found;

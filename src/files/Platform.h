@@ -9,15 +9,11 @@
 /// is a failure whose number is then in errno.
 namespace morvane::platform {
 
-/// How a file is opened. None of the ways blocks, whatever the path names.
-enum class Access {
-    Read,     ///< must exist
-    New,      ///< made; must be missing
-    Overwrite ///< made when missing, otherwise written over from its start
-};
-
-/// Opens a file. Returns its descriptor, which child processes do not inherit.
-int Open(const std::string& path, Access access);
+// Open a file and return its descriptor, which child processes do not inherit. None of them blocks, whatever
+// the path names.
+int OpenToRead(const std::string& path);
+int OpenNew(const std::string& path);         ///< makes the file, which must be missing
+int OpenToOverwrite(const std::string& path); ///< makes the file when it is missing
 
 /// 1 when the descriptor is of a regular file, 0 when it is of anything else.
 int IsRegular(int descriptor);

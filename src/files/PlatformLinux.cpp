@@ -2,7 +2,6 @@
 #include "Platform.h"
 
 #include <cerrno>
-#include <cstdlib>
 #include <fcntl.h>
 #include <filesystem>
 #include <sys/stat.h>
@@ -21,25 +20,18 @@ auto Continued(Call call) {
     return result;
 }
 
-int AccessFlags(Access access) {
-    switch (access) {
-    case Access::Read:
-        return O_RDONLY;
-    case Access::New:
-        return O_WRONLY | O_CREAT | O_EXCL;
-    case Access::Overwrite:
-        return O_WRONLY | O_CREAT;
-    }
-    std::abort(); // there is no other
+int Open(const std::string& path, int flags) {
+    // O_NONBLOCK keeps a pipe or device of that name from stopping the program; regular files do not heed it.
+    return Continued([&] { return open(path.c_str(), flags | O_CLOEXEC | O_NONBLOCK, 0666); });
 }
 
 } // namespace
 
-int Open(const std::string& path, Access access) {
-    // O_NONBLOCK keeps a pipe or device of that name from stopping the program; regular files do not heed it.
-    const int flags = AccessFlags(access) | O_CLOEXEC | O_NONBLOCK;
-    return Continued([&] { return open(path.c_str(), flags, 0666); });
-}
+int OpenToRead(const std::string& path) { return Open(path, O_RDONLY); }
+
+int OpenNew(const std::string& path) { return Open(path, O_WRONLY | O_CREAT | O_EXCL); }
+
+int OpenToOverwrite(const std::string& path) { return Open(path, O_WRONLY | O_CREAT); }
 
 int IsRegular(int descriptor) {
     struct stat status {};
@@ -90,16 +82,8 @@ std::vector<std::string> NamesToCompare(const std::string& folder) {
 }
 
 std::string ProgramPath() {
-    std::string path(256, '\0');
-    for (;;) {
-        const ssize_t length = readlink("/proc/self/exe", path.data(), path.size());
-        if (length < 0) return {};
-        if (static_cast<std::size_t>(length) < path.size()) {
-            path.resize(static_cast<std::size_t>(length));
-            return path;
-        }
-        path.resize(2 * path.size());
-    }
+    std::error_code error;
+    return std::filesystem::read_symlink("/proc/self/exe", error).string();
 }
 
 } // namespace morvane::platform

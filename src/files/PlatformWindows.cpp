@@ -4,7 +4,6 @@
 #include <algorithm>
 #include <climits>
 #include <cstdio>
-#include <cstdlib>
 #include <fcntl.h>
 #include <io.h>
 #include <sys/stat.h>
@@ -24,23 +23,17 @@ namespace {
 /// As many bytes as one call moves at most.
 unsigned AtOnce(std::size_t count) { return static_cast<unsigned>(std::min<std::size_t>(count, INT_MAX)); }
 
-int AccessFlags(Access access) {
-    switch (access) {
-    case Access::Read:
-        return _O_RDONLY;
-    case Access::New:
-        return _O_WRONLY | _O_CREAT | _O_EXCL;
-    case Access::Overwrite:
-        return _O_WRONLY | _O_CREAT;
-    }
-    std::abort(); // there is no other
+int Open(const std::string& path, int flags) {
+    return _open(path.c_str(), flags | _O_BINARY | _O_NOINHERIT, _S_IREAD | _S_IWRITE);
 }
 
 } // namespace
 
-int Open(const std::string& path, Access access) {
-    return _open(path.c_str(), AccessFlags(access) | _O_BINARY | _O_NOINHERIT, _S_IREAD | _S_IWRITE);
-}
+int OpenToRead(const std::string& path) { return Open(path, _O_RDONLY); }
+
+int OpenNew(const std::string& path) { return Open(path, _O_WRONLY | _O_CREAT | _O_EXCL); }
+
+int OpenToOverwrite(const std::string& path) { return Open(path, _O_WRONLY | _O_CREAT); }
 
 int IsRegular(int descriptor) {
     return GetFileType(reinterpret_cast<HANDLE>(_get_osfhandle(descriptor))) == FILE_TYPE_DISK ? 1 : 0;
