@@ -59,7 +59,7 @@ void frmMain::Form_Load() {
     EnableControls(false);
     InitSymbolColors();
     SettingsFile = std::make_shared<clsINI>([this](const std::string& title, const std::string& text) {
-        ui::ShowMessageBox(this, title, text, ui::BoxIcon::Critical);
+        ui::ShowMessageBox(this, title, text, QMessageBox::Critical);
     });
     FromUser([this] { SettingsFile->LoadINI(JoinPath(ThisProgram.Folder, ThisProgram.BaseName + ".ini")); });
     Game.Folder.GamePath = SettingsFile->ReadString("Settings", "OpenPath");
@@ -241,7 +241,7 @@ void frmMain::ReportError() {
     const Failure failure = *std::exchange(PendingError, std::nullopt);
     ui::ShowMessageBox(this, "Error",
                        "Error: " + std::to_string(failure.Number) + "\r\nDescription: " + failure.Description,
-                       ui::BoxIcon::Critical);
+                       QMessageBox::Critical);
 }
 
 } // namespace morvane

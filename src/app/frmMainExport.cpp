@@ -62,7 +62,7 @@ void frmMain::mnuFileExportAll_Click() {
         ExportAllSounds(Game, folder);
     else
         return;
-    ui::ShowMessageBox(this, "Morvane Extractor", "Done", ui::BoxIcon::None);
+    ui::ShowMessageBox(this, "Morvane Extractor", "Done", QMessageBox::NoIcon);
 }
 
 } // namespace morvane

@@ -3,7 +3,6 @@
 #include "Text.h"
 
 #include <QGridLayout>
-#include <QMessageBox>
 #include <QTextLayout>
 
 #include <algorithm>
@@ -11,20 +10,6 @@
 namespace ui {
 
 namespace {
-
-QMessageBox::Icon IconOf(BoxIcon icon) {
-    switch (icon) {
-    case BoxIcon::None:
-        break;
-    case BoxIcon::Question:
-        return QMessageBox::Question;
-    case BoxIcon::Warning:
-        return QMessageBox::Warning;
-    case BoxIcon::Critical:
-        return QMessageBox::Critical;
-    }
-    return QMessageBox::NoIcon;
-}
 
 /// A word in pieces of a width in pixels, each on a line of its own.
 QString Broken(const QString& word, const QFont& font, int width) {
@@ -55,9 +40,9 @@ QString WithBrokenWords(const QString& text, const QFont& font) {
     return lines.join('\n');
 }
 
-int Run(QWidget* owner, const std::string& title, const std::string& text, BoxIcon icon,
+int Run(QWidget* owner, const std::string& title, const std::string& text, QMessageBox::Icon icon,
         QMessageBox::StandardButtons buttons, QMessageBox::StandardButton preset) {
-    QMessageBox box(IconOf(icon), FromBytes(title), {}, buttons, ShownOwner(owner));
+    QMessageBox box(icon, FromBytes(title), {}, buttons, ShownOwner(owner));
     box.setTextFormat(Qt::PlainText);
     box.setText(WithBrokenWords(FromBytes(text).replace("\r\n", "\n"), box.font()));
     box.setDefaultButton(preset);
@@ -73,11 +58,12 @@ int Run(QWidget* owner, const std::string& title, const std::string& text, BoxIc
 
 QWidget* ShownOwner(QWidget* owner) { return owner != nullptr && owner->isVisible() ? owner : nullptr; }
 
-void ShowMessageBox(QWidget* owner, const std::string& title, const std::string& text, BoxIcon icon) {
+void ShowMessageBox(QWidget* owner, const std::string& title, const std::string& text,
+                    QMessageBox::Icon icon) {
     Run(owner, title, text, icon, QMessageBox::Ok, QMessageBox::Ok);
 }
 
-bool AskInBox(QWidget* owner, const std::string& title, const std::string& text, BoxIcon icon,
+bool AskInBox(QWidget* owner, const std::string& title, const std::string& text, QMessageBox::Icon icon,
               bool yesIsPreset) {
     return Run(owner, title, text, icon, QMessageBox::Yes | QMessageBox::No,
                yesIsPreset ? QMessageBox::Yes : QMessageBox::No) == QMessageBox::Yes;

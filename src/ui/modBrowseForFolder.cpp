@@ -52,7 +52,7 @@ class FolderDialog : public FileDialog {
             complaint += "\nThe folder that holds it cannot be entered.";
         else
             complaint += "\nThere is no such folder.";
-        ShowMessageBox(owner, ToBytes(windowTitle()), ToBytes(complaint), BoxIcon::Warning);
+        ShowMessageBox(owner, ToBytes(windowTitle()), ToBytes(complaint), QMessageBox::Warning);
         return false;
     }
 };

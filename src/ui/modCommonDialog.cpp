@@ -72,7 +72,7 @@ class SaveDialog : public FileDialog {
                                         : " does not exist.\nDo you want to create it?";
         return AskInBox(owner, "Confirm Save As",
                         ToBytes(QDir::toNativeSeparators(file.filePath()) + question),
-                        exists ? BoxIcon::Warning : BoxIcon::Question, !exists);
+                        exists ? QMessageBox::Warning : QMessageBox::Question, !exists);
     }
 
   private:
@@ -88,7 +88,7 @@ class SaveDialog : public FileDialog {
     /// Tells what is wrong with a path; false, for that is what it leads to.
     bool Tell(QWidget* owner, const QString& path, const QString& complaint) {
         ShowMessageBox(owner, ToBytes(windowTitle()), ToBytes(QDir::toNativeSeparators(path) + complaint),
-                       BoxIcon::Warning);
+                       QMessageBox::Warning);
         return false;
     }
 
