@@ -37,12 +37,12 @@ constexpr const SoundKindRow& RowOf(SoundKind kind) {
     return SoundKinds.at(static_cast<std::size_t>(kind) - 1);
 }
 
-/// True when every kind has its row at its place.
-consteval bool EveryKindHasItsRow() {
-    for (std::size_t i = 0; i < SoundKinds.size(); ++i)
-        if (SoundKinds[i].Kind != SoundKind(i + 1)) return false;
-    return true;
-}
-static_assert(EveryKindHasItsRow(), "a kind of sound has no row in SoundKinds");
+static_assert(
+    [] {
+        for (std::size_t i = 0; i < SoundKinds.size(); ++i)
+            if (SoundKinds[i].Kind != SoundKind(i + 1)) return false;
+        return true;
+    }(),
+    "a kind of sound has no row of its own at its place");
 
 } // namespace morvane

@@ -5,24 +5,23 @@
 
 #include <QCompleter>
 #include <QFileSystemModel>
-#include <QKeyEvent>
+#include <QShortcut>
 
 namespace ui {
 
-namespace {
-
-QString Nearest(const QString& folder) {
+static QString Nearest(const QString& folder) {
     QFileInfo nearest(folder.isEmpty() ? QDir::homePath() : folder);
     while (!nearest.isDir() && !nearest.isRoot()) nearest = QFileInfo(nearest.path());
     return nearest.filePath();
 }
 
-} // namespace
-
 FileDialog::FileDialog(QWidget* owner, const std::string& title, const QString& folder)
     : QFileDialog(ShownOwner(owner), FromBytes(title), Nearest(folder)) {
     if (Field() == nullptr) return; // the system's dialog sees to all below
-    for (const char* list : {"listView", "treeView"}) findChild<QWidget*>(list)->installEventFilter(this);
+    // In the lists Enter chooses, as in the field; while a new folder is being named there, it ends that.
+    for (const char* list : {"listView", "treeView"})
+        for (const Qt::Key enter : {Qt::Key_Return, Qt::Key_Enter})
+            new QShortcut(enter, findChild<QWidget*>(list), this, &FileDialog::accept, Qt::WidgetShortcut);
     // Completions of what was typed would pop up once another folder has been entered and read.
     QCompleter* completer = Field()->completer();
     connect(findChild<QFileSystemModel*>(), &QFileSystemModel::rootPathChanged, this,
@@ -51,18 +50,6 @@ void FileDialog::accept() {
         if (Agrees(this)) QFileDialog::accept();
     } catch (...) { // short of memory; nothing may pass through Qt, so the dialog stays
     }
-}
-
-bool FileDialog::eventFilter(QObject* list, QEvent* event) {
-    // While a new folder is being named in a list, that has the focus, and Enter ends it.
-    if (event->type() == QEvent::KeyPress && list == focusWidget()) {
-        const int key = static_cast<QKeyEvent*>(event)->key();
-        if (key == Qt::Key_Return || key == Qt::Key_Enter) {
-            accept();
-            return true;
-        }
-    }
-    return QFileDialog::eventFilter(list, event);
 }
 
 QLineEdit* FileDialog::Field() const { return findChild<QLineEdit*>("fileNameEdit"); }

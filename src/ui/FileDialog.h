@@ -20,9 +20,6 @@ class FileDialog : public QFileDialog {
 
     void accept() override;
 
-    /// Lets Enter choose in the lists as it does in the field.
-    bool eventFilter(QObject* list, QEvent* event) override;
-
   protected:
     /// Judges the choice: asks and tells the user what there is to be asked and told, in boxes over the
     /// owner. False leads back into the dialog.

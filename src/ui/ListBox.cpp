@@ -73,18 +73,14 @@ ListBox::ListBox(QWidget* parent) : QListWidget(parent) {
 
 void ListBox::SetItems(const std::vector<ListItem>& items) {
     clear();
-    for (const ListItem& item : items) {
-        addItem(QString::fromStdString(item.Text));
-        this->item(count() - 1)->setData(Qt::UserRole, item.Data);
-    }
+    for (const auto& [text, number] : items)
+        (new QListWidgetItem(QString::fromStdString(text), this))->setData(Qt::UserRole, number);
 }
 
 std::vector<ListItem> ListBox::Items() const {
-    std::vector<ListItem> items(static_cast<std::size_t>(count()));
-    for (int i = 0; ListItem & entry : items) {
-        entry = {item(i)->text().toStdString(), item(i)->data(Qt::UserRole).toInt()};
-        ++i;
-    }
+    std::vector<ListItem> items;
+    for (int i = 0; i < count(); ++i)
+        items.push_back({item(i)->text().toStdString(), item(i)->data(Qt::UserRole).toInt()});
     return items;
 }
 

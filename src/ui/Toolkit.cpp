@@ -6,15 +6,7 @@
 
 namespace ui {
 
-namespace {
-
-#ifdef Q_OS_WIN
-constexpr bool OnWindows = true;
-#else
-constexpr bool OnWindows = false;
-#endif
-
-} // namespace
+static const bool OnWindows = QSysInfo::kernelType() == "winnt";
 
 void PrepareToolkit() {
     QCoreApplication::setAttribute(Qt::AA_DontUseNativeDialogs, !OnWindows);
