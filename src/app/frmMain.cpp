@@ -10,6 +10,7 @@
 
 #include <QCloseEvent>
 
+#include <cstdio>
 #include <new>
 #include <utility>
 
@@ -31,13 +32,11 @@ Failure CurrentFailure() {
 }
 
 std::string CodesText(const std::array<std::uint8_t, 90>& codes) {
-    constexpr const char* Digits = "0123456789ABCDEF";
     std::string text;
     for (const std::uint8_t code : codes) {
-        text += "0x";
-        text += Digits[code >> 4];
-        text += Digits[code & 15];
-        text += ' ';
+        std::array<char, 6> part{};
+        std::snprintf(part.data(), part.size(), "0x%02X ", code);
+        text += part.data();
     }
     return text;
 }
@@ -48,10 +47,7 @@ frmMain::frmMain(Program program) : ThisProgram(std::move(program)) {
     BuildWidgets();
     BuildMenus();
     ConnectLists();
-    resize(sizeHint()); // the client area with the menu bar on top
 }
-
-frmMain::~frmMain() = default;
 
 void frmMain::Form_Load() {
     setWindowTitle("Morvane Extractor - " MORVANE_VERSION);

@@ -28,7 +28,6 @@ class frmMain : public QMainWindow {
   public:
     /// The program whose folder holds the symbol files and the settings file.
     explicit frmMain(Program program);
-    ~frmMain() override;
 
     /// Starts up, before the window is shown: opens the remembered game folder or asks for one. Throws
     /// nothing.

@@ -14,14 +14,6 @@ constexpr QSize ClientArea(617, 488);
 
 constexpr std::array<const char*, 3> ViewCaptions{"Maps", "Walls/Sprites", "Sounds"};
 
-/// Fills the window without a layout of its own, so that nothing moves when the window's size changes.
-class Client : public QWidget {
-  public:
-    using QWidget::QWidget;
-    [[nodiscard]] QSize sizeHint() const override { return ClientArea; }
-    [[nodiscard]] QSize minimumSizeHint() const override { return {0, 0}; }
-};
-
 } // namespace
 
 void frmMain::BuildWidgets() {
@@ -30,7 +22,7 @@ void frmMain::BuildWidgets() {
     for (const char* image : {":/icons/16.png", ":/icons/32.png"}) icon.addFile(image);
     QApplication::setWindowIcon(icon); // dialogs of start-up stand alone
 
-    auto* client = new Client(this);
+    auto* client = new QWidget(this); // without a layout: nothing moves when the window's size changes
     client->setFont(ui::WindowFont());
     setCentralWidget(client);
     for (std::size_t i = 0; i < fra.size(); ++i) {
@@ -117,6 +109,7 @@ void frmMain::BuildMenus() {
         item->setCheckable(true);
         ++i;
     }
+    resize(ClientArea + QSize(0, menuBar()->sizeHint().height())); // the menu bar stands on top
 }
 
 void frmMain::ConnectLists() {
