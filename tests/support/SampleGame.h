@@ -80,7 +80,9 @@ struct SampleGame {
 
     /// What exports of all sounds must write.
     [[nodiscard]] Contents SoundFiles() const {
-        const auto text = [this](int n) { return std::string(Sounds[n].Data.begin(), Sounds[n].Data.end()); };
+        const auto text = [this](std::size_t n) {
+            return std::string(Sounds[n].Data.begin(), Sounds[n].Data.end());
+        };
         return {{"Morvane.ibk", text(9)}, {"Song 002.mid", text(2)}, {"Sound 017.voc", text(17)}};
     }
 

@@ -23,7 +23,8 @@ inline std::string Differences(const Contents& seen, const Contents& wanted) {
     Contents all = seen;
     all.insert(wanted.begin(), wanted.end());
     std::string told;
-    for (const auto& [name, value] : all) {
+    for (const auto& entry : all) {
+        const std::string& name = entry.first;
         const auto valueIn = [&](const Contents& contents) {
             return contents.contains(name) ? testing::PrintToString(contents.at(name)) : "nothing";
         };
