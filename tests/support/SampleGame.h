@@ -64,7 +64,8 @@ struct SampleGame {
         for (const auto& [number, group] : InEpisode(episode).Groups)
             for (int k = 0; const encode::Image& image : group.Images) {
                 const int size = 1078 + (image.Width + 3) / 4 * 4 * image.Height;
-                ByteVector bmp{'B', 'M', Byte(size), Byte(size >> 8), 0, 0, 0, 0, 0, 0, 54, 4, 0, 0, 40};
+                ByteVector bmp{'B', 'M', Byte(size), Byte(size >> 8), Byte(size >> 16), 0, 0, 0, 0, 0, 54, 4,
+                               0,   0,   40};
                 for (const int byte : {0, 0, 0, +image.Width, 0, 0, 0, +image.Height, 0, 0, 0, 1, 0, 8})
                     bmp.push_back(Byte(byte));
                 bmp.resize(54);

@@ -36,6 +36,56 @@ TEST_F(TestWindow, HasAnIconAndTellsWhatItsPicturesShow) {
     EXPECT_EQ(Get("pic").accessibleName().toStdString(), "Group 3 image 0, 3 x 3");
 }
 
+/// The colour behind the selected entry of a list.
+static std::string BehindSelected(const QListWidget& list) {
+    const QRect entry = list.visualItemRect(list.currentItem());
+    const QImage shown = list.viewport()->grab().toImage();
+    return shown.pixelColor(entry.right() - 2, entry.center().y()).name().toStdString();
+}
+
+TEST_F(TestWindow, MarksTheListThatHasTheKeyboard) {
+    StartOnSample();
+    const auto &groups = Get<QListWidget>("lstGroup"), &images = Get<QListWidget>("lstImage");
+    for (const auto& [base, weaker] :
+         std::map<QString, std::string>{{"#ffffff", "#9dc1e9"}, {"#141e28", "#103a68"}}) {
+        QPalette palette;
+        palette.setColor(QPalette::Base, base);
+        palette.setColor(QPalette::Highlight, "#0a64c8");
+        palette.setColor(QPalette::Inactive, QPalette::Highlight, base); // as some desktops have it
+        for (const char* list : Lists) Get(list).setPalette(palette);
+        Do("Walls/Sprites, Group 2");
+        EXPECT_EQ(BehindSelected(groups) + BehindSelected(images), "#0a64c8" + weaker);
+        Do("image 0");
+        EXPECT_EQ(BehindSelected(groups) + BehindSelected(images), weaker + "#0a64c8");
+    }
+}
+
+TEST_F(TestWindow, KeepsADraggedSelectionInView) {
+    Sample.Maps.resize(70);
+    StartOnSample();
+    auto& list = Get<QListWidget>("lstMap");
+    QTest::mousePress(list.viewport(), Qt::LeftButton, {}, {20, 20});
+    for (const int y : {500, 510}) { // a second event past the end makes the list scroll on
+        QMouseEvent move(QEvent::MouseMove, {20, 1. * y}, list.viewport()->mapToGlobal(QPointF(20, y)),
+                         Qt::NoButton, Qt::LeftButton, {});
+        QApplication::sendEvent(list.viewport(), &move);
+    }
+    EXPECT_TRUE(QTest::qWaitFor([&] { return list.currentRow() > 40; })) << list.currentRow();
+    QTest::mouseRelease(list.viewport(), Qt::LeftButton, {}, {20, 510});
+    QTest::qWait(300);
+    EXPECT_TRUE(list.viewport()->rect().contains(list.visualItemRect(list.currentItem())));
+}
+
+TEST_F(TestWindow, NeverChangesTheFontOfTheCodes) {
+    StartOnSample();
+    auto& codes = Get<QPlainTextEdit>("txt");
+    const QFont font = codes.font();
+    QWheelEvent twoNotches({20, 20}, codes.mapToGlobal(QPointF(20, 20)), {}, {0, -240}, {},
+                           Qt::ControlModifier, Qt::NoScrollPhase, false);
+    QApplication::sendEvent(codes.viewport(), &twoNotches);
+    EXPECT_EQ(codes.font(), font);
+}
+
 // Wine's offscreen windows do not close the toolkit's file dialogs; the tour answers the desktop's.
 #ifndef _WIN32
 // Dialogs and boxes as they are told.
@@ -116,6 +166,18 @@ TEST_F(TestWindow, ShowsNothingOfAnotherEpisode) {
     EXPECT_EQ(State(), "Maps, episodes 2 3, episode 1 is checked");
 }
 
+TEST_F(TestWindow, OpensTheFolderOnDisplay) {
+    Sample.Write(GameDir);
+    fs::create_directories(GameDir / "some/folder");
+    Start(GameDir / "some/");
+    Meanwhile = [](QDialog& dialog) { // goes up, with a name in the field and a folder selected
+        dialog.findChild<QLineEdit*>("fileNameEdit")->setText("left over");
+        dialog.findChild<QListView*>("listView")->selectAll();
+        dialog.findChild<QToolButton*>("toParentButton")->click();
+    };
+    EXPECT_EQ(Do("Open", {"accept"}), "Maps, episodes 1* 2 3" + AskedForGame("GAME/some"));
+}
+
 TEST_F(TestWindow, EndsACommandWhoseWindowIsClosedMeanwhile) {
     for (const std::string command : {"Open", "Export All"}) {
         StartOnSample();
@@ -136,6 +198,19 @@ TEST_F(TestWindow, AsksBeforeItWritesAFile) {
               sounds + AskedToSave("MIDI", "Song 002.mid") + replace + AskedToSave("MIDI", "old") + create +
                   AskedToSave("MIDI", "new") + create);
     EXPECT_EQ(TextOf(ProgramFolder / "old.mid"), "old");
+    // A folder is entered, and the field holds the name that was proposed, or typed before.
+    fs::create_directory(ProgramFolder / "sub");
+    EXPECT_EQ(Do("Export", {"sub/"}),
+              sounds + AskedToSave("MIDI", "Song 002.mid") + AskedToSave("MIDI", "sub/Song 002.mid"));
+    const std::string missing =
+        "\nwarning over a dialog: Save MIDI As...: PROGRAM/no\nThere is no such folder.";
+    EXPECT_EQ(Do("Export", {"no/new", "sub"}), sounds + AskedToSave("MIDI", "Song 002.mid") + missing +
+                                                   AskedToSave("MIDI", "no/new") +
+                                                   AskedToSave("MIDI", "sub/new"));
+    for (const int letters : {240, 300}) // read by whoever looks at every box
+        EXPECT_NE(
+            Do("Export", {std::string(letters, 'W'), "no"}).find(letters > 255 ? "too long" : "create it"),
+            std::string::npos);
 }
 
 TEST_F(TestWindow, ExportsTheItemInView) {
