@@ -54,7 +54,7 @@ void frmMain::Form_Load() {
     for (const std::size_t view : {1U, 2U}) fra[view]->move(fra[0]->pos());
     EnableControls(false);
     InitSymbolColors();
-    SettingsFile = std::make_shared<clsINI>([this](const std::string& title, const std::string& text) {
+    SettingsFile = std::make_unique<clsINI>([this](const std::string& title, const std::string& text) {
         ui::ShowMessageBox(this, title, text, QMessageBox::Critical);
     });
     FromUser([this] { SettingsFile->LoadINI(JoinPath(ThisProgram.Folder, ThisProgram.BaseName + ".ini")); });
@@ -109,8 +109,7 @@ void frmMain::LoadGame() {
             Game.Folder.FileExists(Game.Folder.GameFilePath("MAP.%EP%", episode)));
     EnableControls(true);
     mnuViewFrame_Click(0);
-    const std::shared_ptr<clsINI> settings = SettingsFile; // stays while its message is shown
-    settings->WriteValue("Settings", "OpenPath", Game.Folder.GamePath);
+    SettingsFile->WriteValue("Settings", "OpenPath", Game.Folder.GamePath);
 }
 
 void frmMain::mnuViewEpisode_Click(int index) {

@@ -86,7 +86,7 @@ class frmMain : public QMainWindow {
     ui::PictureBox* AddPictureBox(QWidget* frame, const char* name, QRect place);
 
     Program ThisProgram;
-    std::shared_ptr<clsINI> SettingsFile; ///< from Form_Load until the window is closed
+    std::unique_ptr<clsINI> SettingsFile; ///< from Form_Load until the window is closed
     std::optional<Failure> PendingError;
 
     /// While the controls are enabled, all tables here, all lists and both pictures belong to its GamePath

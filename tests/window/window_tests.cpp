@@ -60,22 +60,6 @@ TEST_F(TestWindow, MarksTheListThatHasTheKeyboard) {
     }
 }
 
-TEST_F(TestWindow, KeepsADraggedSelectionInView) {
-    Sample.Maps.resize(70);
-    StartOnSample();
-    auto& list = Get<QListWidget>("lstMap");
-    QTest::mousePress(list.viewport(), Qt::LeftButton, {}, {20, 20});
-    for (const int y : {500, 510}) { // a second event past the end makes the list scroll on
-        QMouseEvent move(QEvent::MouseMove, {20, 1. * y}, list.viewport()->mapToGlobal(QPointF(20, y)),
-                         Qt::NoButton, Qt::LeftButton, {});
-        QApplication::sendEvent(list.viewport(), &move);
-    }
-    EXPECT_TRUE(QTest::qWaitFor([&] { return list.currentRow() > 40; })) << list.currentRow();
-    QTest::mouseRelease(list.viewport(), Qt::LeftButton, {}, {20, 510});
-    QTest::qWait(300);
-    EXPECT_TRUE(list.viewport()->rect().contains(list.visualItemRect(list.currentItem())));
-}
-
 TEST_F(TestWindow, NeverChangesTheFontOfTheCodes) {
     StartOnSample();
     auto& codes = Get<QPlainTextEdit>("txt");
