@@ -147,11 +147,9 @@ TEST_F(GameTest, PicturesHaveTheRowsOfTheirFileAndTheColoursOfThePalette) {
     file[28] = 24;
     EXPECT_EQ(PictureFromBMP(file).Pixels(), std::vector<Pixel>(6, Black));
 
-    for (const unsigned position : {18U, 20U, 21U, 22U, 24U, 25U}) { // larger or negative sides
-        ByteVector odd = file;
-        odd[position] |= 0x80;
-        EXPECT_EQ(FailureOf([&] { PictureFromBMP(odd); }).Number, 9) << position;
-    }
+    ByteVector odd = file;
+    odd[25] |= 0x80; // a negative height
+    EXPECT_EQ(FailureOf([&] { PictureFromBMP(odd); }).Number, 9);
     file.pop_back();
     EXPECT_EQ(FailureOf([&] { PictureFromBMP(file); }).Number, 9);
     EXPECT_EQ(FailureOf([] { PictureFromBMP(ByteVector(1077)); }).Number, 9);

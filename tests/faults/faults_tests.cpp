@@ -12,7 +12,7 @@
 namespace morvane {
 namespace {
 
-// The calls, as bits. One that may make a file is Open and Create; Close is of a file that was written.
+/// The calls, as bits. One that may make a file is Open and Create; Close is of a file that was written.
 constexpr unsigned Open = 1, Create = 2, Stat = 4, Read = 8, Write = 16, Truncate = 32, Close = 64,
                    Unlink = 128, CloseRead = 256;
 constexpr unsigned AnyCall = 511;
@@ -159,7 +159,7 @@ struct EveryCallFailsOnce : TestWindow, testing::WithParamInterface<Action> {
         return Do(GetParam().Do, GetParam().Answers);
     }
 
-    // What an action may change.
+    /// What an action may change.
     Contents Take() {
         Contents all = Screen();
         all["settings"] = Settings();

@@ -146,7 +146,7 @@ struct TestWindow : testing::Test {
         QTest::keySequence(focus != nullptr ? focus : Window.get(), keys);
     }
 
-    // "Map 0, Map 1*" for a list whose second entry is selected.
+    /// "Map 0, Map 1*" for a list whose second entry is selected.
     static std::string InWords(QStringList entries, int chosen) {
         if (chosen >= 0 && chosen < entries.size()) entries[chosen] += "*";
         return entries.isEmpty() ? "nothing" : entries.join(", ").toStdString();
@@ -168,8 +168,8 @@ struct TestWindow : testing::Test {
         return cells.scaled(448, 448);
     }
 
-    // The parts of the screen that are otherwise than Sample and the episode checked have them, whatever
-    // entries are selected; nothing while the controls are disabled.
+    /// The parts of the screen that are otherwise than Sample and the episode checked have them, whatever
+    /// entries are selected; nothing while the controls are disabled.
     [[nodiscard]] std::string Mixed() const {
         if (!IsOpen()) return {};
         const SampleGame game = Sample.InEpisode(Episode());
@@ -197,7 +197,7 @@ struct TestWindow : testing::Test {
         return Differences(Screen(), wanted);
     }
 
-    // Notes a dialog as soon as it has come up, and answers it.
+    /// Notes a dialog as soon as it has come up, and answers it.
     void Look() {
         auto* dialog = qobject_cast<QDialog*>(QApplication::activeModalWidget());
         if (dialog == nullptr) return;
@@ -213,7 +213,8 @@ struct TestWindow : testing::Test {
         Answer(*dialog, field);
     }
 
-    // "question over a dialog, Yes preset: Title: text", "save dialog over the window: Title: path proposed".
+    /// "question over a dialog, Yes preset: Title: text", "save dialog over the window: Title: path
+    /// proposed".
     [[nodiscard]] QString InWords(const QDialog& dialog) const {
         const auto* box = qobject_cast<const QMessageBox*>(&dialog);
         const auto* files = qobject_cast<const QFileDialog*>(&dialog);

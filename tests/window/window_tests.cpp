@@ -72,7 +72,7 @@ TEST_F(TestWindow, NeverChangesTheFontOfTheCodes) {
 
 // Wine's offscreen windows do not close the toolkit's file dialogs; the tour answers the desktop's.
 #ifndef _WIN32
-// Dialogs and boxes as they are told.
+/// Dialogs and boxes as they are told.
 static std::string AskedForGame(const std::string& proposed, const std::string& place = "over the window") {
     return "\nfolder dialog " + place + ", cannot make folders: Select the Morvane Folder: " + proposed;
 }
@@ -160,16 +160,6 @@ TEST_F(TestWindow, OpensTheFolderOnDisplay) {
         dialog.findChild<QToolButton*>("toParentButton")->click();
     };
     EXPECT_EQ(Do("Open", {"accept"}), "Maps, episodes 1* 2 3" + AskedForGame("GAME/some"));
-}
-
-TEST_F(TestWindow, EndsACommandWhoseWindowIsClosedMeanwhile) {
-    for (const std::string command : {"Open", "Export All"}) {
-        StartOnSample();
-        Meanwhile = [&](QDialog&) { Window->close(); };
-        Do("Walls/Sprites, " + command, {GameDir.Path});
-        EXPECT_EQ(Window->isVisible(), false) << command;
-        EXPECT_EQ(GameDir.Files().size(), 9);
-    }
 }
 
 TEST_F(TestWindow, AsksBeforeItWritesAFile) {
