@@ -43,6 +43,16 @@ build() {
     cmake --build --preset "$preset" ${1:+--target "$@"}
 }
 
+# Puts together in the folder of a preset what players download, and prints the name of that folder.
+put_together() {
+    local folder
+    folder=morvane-extractor-$(version)
+    rm -rf "build/$1/$folder"
+    cmake --install "build/$1" --prefix "build/$1/$folder" --strip > /dev/null
+    build/release/tools/make-demo-game demo "build/$1/$folder/demo"
+    echo "$folder"
+}
+
 # Tours a program folder with the demo game, in a virtual display of its own; output goes into a folder.
 tour() {
     build/release/tools/make-demo-game demo build/demo

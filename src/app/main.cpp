@@ -7,8 +7,6 @@
 int main(int argc, char** argv) {
     ui::PrepareToolkit();
     QApplication application(argc, argv);
-    QGuiApplication::setDesktopFileName(
-        "org.morvane.Extractor"); // whose icon is the window's on some desktops
     morvane::frmMain window(morvane::RunningProgram());
     window.Form_Load();
     window.show();
