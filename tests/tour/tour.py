@@ -148,7 +148,7 @@ class Tour:
         files = {name: data for name, data in self.demo.items() if name.startswith('Picture %d-' % number)}
         firsts = sorted(name for name in files if name.endswith('-01.bmp'))
         desktop.keys('ctrl+w')
-        for key, name in (('Home', firsts[0]), ('End', firsts[-1]), ('Up', firsts[-2])):
+        for key, name in (('Home', firsts[0]), ('Down', firsts[1]), ('End', firsts[-1])):
             desktop.keys(key)
             self.expect(model.picture(files[name]), name)
         self.shoot('episode%d-images' % number)
