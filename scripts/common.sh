@@ -34,12 +34,12 @@ check_layout() {
     git ls-files -z '*.cpp' '*.h' | xargs -0 clang-format --dry-run --Werror
 }
 
-# Configures a preset and builds it, or only the targets named after it.
+# Configures a preset and builds it, or only the targets named after it. Warnings are errors here.
 build() {
     local preset=$1
     shift
     say "Building the $preset preset"
-    cmake --preset "$preset" > /dev/null
+    cmake --preset "$preset" -DCMAKE_COMPILE_WARNING_AS_ERROR=ON > /dev/null
     cmake --build --preset "$preset" ${1:+--target "$@"}
 }
 
