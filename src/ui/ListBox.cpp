@@ -79,6 +79,7 @@ void ListBox::SetItems(const std::vector<ListItem>& items) {
 
 std::vector<ListItem> ListBox::Items() const {
     std::vector<ListItem> items;
+    items.reserve(static_cast<std::size_t>(count()));
     for (int i = 0; i < count(); ++i)
         items.push_back({item(i)->text().toStdString(), item(i)->data(Qt::UserRole).toInt()});
     return items;

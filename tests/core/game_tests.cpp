@@ -83,7 +83,7 @@ TEST_F(GameTest, AnImageIsDecodedIntoTheBytesOfABMPFile) {
         const ByteVector file = ReadImage(Game, Groups, 12, image);
         const std::string name = SampleGame::ImageFileName(1, 12, image);
         EXPECT_EQ(std::string(file.begin(), file.end()), Sample.ImageFiles(1)[name]) << image;
-        EXPECT_EQ(PictureFromBMP(file).Height(), Sample.Groups[12].Images[image].Height);
+        EXPECT_EQ(PictureFromBMP(file).Height(), Sample.Groups[12].Images.begin()[image].Height);
     }
 #ifndef _WIN32
     std::filesystem::resize_file(Folder / "IMG.1", INT32_MAX - 1);

@@ -36,6 +36,19 @@ TEST_F(TestWindow, HasAnIconAndTellsWhatItsPicturesShow) {
     EXPECT_EQ(Get("pic").accessibleName().toStdString(), "Group 3 image 0, 3 x 3");
 }
 
+TEST_F(TestWindow, NeverChangesTheFontOfTheCodes) {
+    StartOnSample();
+    auto& codes = Get<QPlainTextEdit>("txt");
+    const QFont font = codes.font();
+    QWheelEvent twoNotches({20, 20}, codes.mapToGlobal(QPointF(20, 20)), {}, {0, -240}, {},
+                           Qt::ControlModifier, Qt::NoScrollPhase, false);
+    QApplication::sendEvent(codes.viewport(), &twoNotches);
+    EXPECT_EQ(codes.font(), font);
+}
+
+// Wine's offscreen windows have no fonts and do not close the toolkit's file dialogs; the tour answers the
+// desktop's.
+#ifndef _WIN32
 /// The colour behind the selected entry of a list.
 static std::string BehindSelected(const QListWidget& list) {
     const QRect entry = list.visualItemRect(list.currentItem());
@@ -60,18 +73,6 @@ TEST_F(TestWindow, MarksTheListThatHasTheKeyboard) {
     }
 }
 
-TEST_F(TestWindow, NeverChangesTheFontOfTheCodes) {
-    StartOnSample();
-    auto& codes = Get<QPlainTextEdit>("txt");
-    const QFont font = codes.font();
-    QWheelEvent twoNotches({20, 20}, codes.mapToGlobal(QPointF(20, 20)), {}, {0, -240}, {},
-                           Qt::ControlModifier, Qt::NoScrollPhase, false);
-    QApplication::sendEvent(codes.viewport(), &twoNotches);
-    EXPECT_EQ(codes.font(), font);
-}
-
-// Wine's offscreen windows do not close the toolkit's file dialogs; the tour answers the desktop's.
-#ifndef _WIN32
 /// Dialogs and boxes as they are told.
 static std::string AskedForGame(const std::string& proposed, const std::string& place = "over the window") {
     return "\nfolder dialog " + place + ", cannot make folders: Select the Morvane Folder: " + proposed;
