@@ -109,7 +109,10 @@ void frmMain::BuildMenus() {
         item->setCheckable(true);
         ++i;
     }
-    resize(ClientArea + QSize(0, menuBar()->sizeHint().height())); // the menu bar stands on top
+    // The client area has its size below the menu bar; later nothing forbids a smaller one.
+    centralWidget()->setMinimumSize(ClientArea);
+    resize(sizeHint());
+    centralWidget()->setMinimumSize(0, 0);
 }
 
 void frmMain::ConnectLists() {
