@@ -10,10 +10,10 @@ string(CONCAT REMOVED " (Qt keeps the state of its dialogs in the\nregistry unde
 string(CONCAT LIBRARIES "Its parts here are
 version ${Qt6_VERSION}: Qt6Core.dll, Qt6Gui.dll, Qt6Widgets.dll, platforms and styles.
 These are shared libraries: you may replace them with your own builds of the
-same version. They are built from the source package qt6-base of Debian 12
-by scripts/package-windows in the program's own source, which fetches that
-package and holds every build option. libstdc++, libgcc and libwinpthread
-are Debian's, from its source packages gcc-mingw-w64 and mingw-w64.")
+same version. They are built from the source package qt6-base of Debian 12;
+the program's own source holds every build option. libstdc++, libgcc and
+libwinpthread are Debian's, from its source packages gcc-mingw-w64 and
+mingw-w64.")
 
 install(FILES $<TARGET_FILE:Qt6::Core> $<TARGET_FILE:Qt6::Gui> $<TARGET_FILE:Qt6::Widgets> DESTINATION .)
 install(FILES $<TARGET_FILE:Qt6::QWindowsIntegrationPlugin> DESTINATION platforms)
