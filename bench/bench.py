@@ -28,6 +28,11 @@ def seconds(*command):
     return time.perf_counter() - begin
 
 
+def side_by_side(ours, floors):
+    # The ratio of runs that came one behind the other, so that a machine that grows busy does not decide.
+    return statistics.median(a / b for a, b in zip(ours, floors))
+
+
 def new_folder(path):
     shutil.rmtree(path, ignore_errors=True)
     os.makedirs(path)
@@ -60,7 +65,7 @@ def export_rows(build, scratch):
         return float(subprocess.run(command, check=True, stdout=subprocess.PIPE).stdout)
 
     def times(game, copy=('cp', '-r'), again=False):
-        # Medians of alternating runs: the export into a folder, and a copy of its result into another.
+        # Alternating runs: the export into a folder, and a copy of its result into another.
         ours, floors = [], []
         for run in range(10):
             if run == 0 or not again:
@@ -68,22 +73,22 @@ def export_rows(build, scratch):
                 new_folder(path('floor'))
             ours.append(export(game, path('ours')))
             floors.append(seconds(*copy, path('ours/.'), path('floor')))
-        return statistics.median(ours[1:]), statistics.median(floors[1:])
+        return ours[1:], floors[1:]
 
     full, few = write_game(new_folder(path('full')), 20000, 0), write_game(new_folder(path('few')), 2000, 0)
-    images, floor = times(full)
-    yield 'export images', images, floor
-    yield ('export again', *times(full, copy=('cp', '-r', '--remove-destination'), again=True))
-    yield ('export sounds', *times(write_game(new_folder(path('sounds')), 0, 160)))
-    small = times(few)[0]
-    yield 'growth of export', images / 10, small
+    images, floors = times(full)
+    yield 'export images', side_by_side(images, floors), 1
+    yield 'export again', side_by_side(*times(full, copy=('cp', '-r', '--remove-destination'), again=True)), 1
+    yield 'export sounds', side_by_side(*times(write_game(new_folder(path('sounds')), 0, 160))), 1
+    small = statistics.median(times(few)[0])
+    yield 'growth of export', statistics.median(images) / 10, small
     yield 'a script instead', seconds(sys.executable, '-c', SCRIPT, few, new_folder(path('script'))), small
 
     lower = {20000: [], 2000: []}  # exports into the game folder itself, whose files have lower-case names
     for images in 5 * list(lower):
         game = write_game(new_folder(path('lower')), images, 0, str.lower)
         lower[images].append(export(game, game))
-    yield 'growth among lower-case names', statistics.median(lower[20000]) / 10, statistics.median(lower[2000])
+    yield 'growth among lower-case names', side_by_side(lower[20000], lower[2000]), 10
 
 
 SCRIPT = '''import os, sys
@@ -114,8 +119,7 @@ def window_rows(build, scratch):
                 assert status == 0, name
                 found.append((time.perf_counter() - begin, usage.ru_maxrss))
         for index, row in enumerate(('start', 'memory')):
-            # Of runs side by side, so that a machine that grows busy does not decide.
-            yield row, statistics.median(ours[index] / bare[index] for ours, bare in zip(*runs.values())), 1
+            yield row, side_by_side(*([found[index] for found in each] for each in runs.values())), 1
         out = subprocess.run([os.path.join(folder, 'bench_episode'), game], stdout=subprocess.PIPE, check=True).stdout
         times = [float(time) for time in out.split()]
         yield 'episode', statistics.median(times[0::2]), statistics.median(times[1::2])
