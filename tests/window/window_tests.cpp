@@ -157,7 +157,8 @@ TEST_F(TestWindow, OpensTheFolderOnDisplay) {
     Start(GameDir / "some/");
     Meanwhile = [](QDialog& dialog) { // goes up, with a name in the field and a folder selected
         dialog.findChild<QLineEdit*>("fileNameEdit")->setText("left over");
-        dialog.findChild<QListView*>("listView")->selectAll();
+        dialog.findChild<QTreeView*>("treeView")->setFocus();
+        dialog.findChild<QTreeView*>("treeView")->selectAll();
         dialog.findChild<QToolButton*>("toParentButton")->click();
     };
     EXPECT_EQ(Do("Open", {"accept"}), "Maps, episodes 1* 2 3" + AskedForGame("GAME/some"));
