@@ -183,7 +183,7 @@ TEST_F(TestWindow, AsksBeforeItWritesAFile) {
     EXPECT_EQ(Do("Export", {"no/new", "sub"}), sounds + AskedToSave("MIDI", "Song 002.mid") + missing +
                                                    AskedToSave("MIDI", "no/new") +
                                                    AskedToSave("MIDI", "sub/new"));
-    for (const int letters : {240, 300}) // read by whoever looks at every box
+    for (const std::size_t letters : {240U, 300U}) // read by whoever looks at every box
         EXPECT_NE(
             Do("Export", {std::string(letters, 'W'), "no"}).find(letters > 255 ? "too long" : "create it"),
             std::string::npos);
