@@ -92,7 +92,7 @@ class SaveDialog : public FileDialog {
         return false;
     }
 
-    QString Name; // the file name proposed, or chosen last
+    QString Name; ///< the file name proposed, or chosen last
     QStringList Filters;
     QString Extension;
 };
