@@ -154,8 +154,7 @@ void frmMain::LoadSoundArchive() {
             items.push_back({RowOf(entry.Kind).ListLabel + std::to_string(n), n});
         ++n;
     }
-    lstSound->SetItems(items);
-    if (!items.empty()) lstSound->Select(0);
+    lstSound->Fill(items);
 }
 
 bool frmMain::LoadImageArchive() {
@@ -167,10 +166,7 @@ bool frmMain::LoadImageArchive() {
         if (group.Offset > 0 && !group.Duplicate) items.push_back({"Group " + std::to_string(g), g});
         ++g;
     }
-    lstGroup->SetItems(items);
-    if (items.empty()) return false;
-    lstGroup->Select(0);
-    return true;
+    return lstGroup->Fill(items);
 }
 
 bool frmMain::LoadMapArchive() {
@@ -179,10 +175,7 @@ bool frmMain::LoadMapArchive() {
     std::vector<ui::ListItem> items;
     for (std::size_t i = 0; i < Game.MapDirectory.size(); ++i)
         items.push_back({"Map " + std::to_string(i), 0});
-    lstMap->SetItems(items);
-    if (items.empty()) return false;
-    lstMap->Select(0);
-    return true;
+    return lstMap->Fill(items);
 }
 
 void frmMain::lstMap_Click() { DrawMap(); }
@@ -201,8 +194,7 @@ void frmMain::lstGroup_Click() {
     const ImageGroup& group = Game.Groups[static_cast<std::size_t>(lstGroup->SelectedData())];
     std::vector<ui::ListItem> items;
     for (std::size_t k = 0; k < group.Images.size(); ++k) items.push_back({std::to_string(k), 0});
-    lstImage->SetItems(items);
-    if (!items.empty()) lstImage->Select(0);
+    lstImage->Fill(items);
 }
 
 void frmMain::lstImage_Click() {

@@ -45,13 +45,6 @@ class RowPainter : public QStyledItemDelegate {
             option.palette.color(group, selected && focused ? QPalette::HighlightedText : QPalette::Text));
         painter->drawText(option.rect.adjusted(TextMargin, 0, 0, 0), Qt::AlignLeft | Qt::AlignVCenter,
                           index.data().toString());
-        if ((option.state & QStyle::State_HasFocus) != 0) {
-            QStyleOptionFocusRect focus;
-            focus.initFrom(option.widget);
-            focus.rect = option.rect;
-            focus.backgroundColor = back;
-            option.widget->style()->drawPrimitive(QStyle::PE_FrameFocusRect, &focus, painter, option.widget);
-        }
     }
 };
 
@@ -77,6 +70,14 @@ void ListBox::SetItems(const std::vector<ListItem>& items) {
         (new QListWidgetItem(QString::fromStdString(text), this))->setData(Qt::UserRole, number);
 }
 
+bool ListBox::Fill(const std::vector<ListItem>& items) {
+    SetItems(items);
+    if (items.empty()) return false;
+    ShowSelected(0);
+    Handler();
+    return true;
+}
+
 std::vector<ListItem> ListBox::Items() const {
     std::vector<ListItem> items;
     items.reserve(static_cast<std::size_t>(count()));
@@ -88,11 +89,6 @@ std::vector<ListItem> ListBox::Items() const {
 void ListBox::ShowSelected(int index) {
     setCurrentRow(index);
     if (index < 0) clearSelection();
-}
-
-void ListBox::Select(int index) {
-    ShowSelected(index);
-    Handler();
 }
 
 /// Handles an event of the user and announces the selection that it made: another entry, or the same one

@@ -25,13 +25,14 @@ class ListBox : public QListWidget {
     explicit ListBox(QWidget* parent);
 
     void SetItems(const std::vector<ListItem>& items); ///< nothing is selected afterwards
+    /// Sets the entries and selects the first, which runs Handler. Returns false when there is none.
+    bool Fill(const std::vector<ListItem>& items);
     [[nodiscard]] std::vector<ListItem> Items() const;
 
     [[nodiscard]] int ListIndex() const { return currentRow(); } ///< position of the selected entry, or -1
     /// The number of the selected entry, of which there must be one.
     [[nodiscard]] int SelectedData() const { return currentItem()->data(Qt::UserRole).toInt(); }
 
-    void Select(int index);       ///< selects and runs Handler
     void ShowSelected(int index); ///< selects (-1: nothing) and runs nothing
 
     std::function<void()> Handler;
