@@ -83,15 +83,14 @@ void frmMain::mnuFileOpen_Click() {
 }
 
 bool frmMain::OpenGameFolder() {
-    ui::BusyPointer busy;
     bool complete = false;
     try {
+        const auto busy = ui::ShowBusyPointer();
         LoadGame();
         complete = true;
     } catch (...) {
         PendingError = CurrentFailure();
     }
-    busy.Restore();
     ReportError();
     return complete;
 }

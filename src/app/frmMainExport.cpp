@@ -55,7 +55,7 @@ void frmMain::mnuFileExportAll_Click() {
     QApplication::processEvents();
     // What was pending may have closed the window, or failed to open another game.
     if (!SettingsFile || !mnuFileExportAll->isEnabled()) return;
-    const ui::BusyPointer busy;
+    const auto busy = ui::ShowBusyPointer();
     if (CurrentView == 1)
         ExportAllImages(Game, folder);
     else if (CurrentView == 2)

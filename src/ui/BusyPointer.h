@@ -2,23 +2,14 @@
 
 #include <QCursor>
 #include <QGuiApplication>
+#include <QScopeGuard>
 
 namespace ui {
 
-/// Shows the busy pointer over the whole program from its making until Restore or the end of its scope.
-class BusyPointer {
-  public:
-    BusyPointer() { QGuiApplication::setOverrideCursor(Qt::WaitCursor); }
-    ~BusyPointer() { Restore(); }
-    BusyPointer(const BusyPointer&) = delete;
-    BusyPointer& operator=(const BusyPointer&) = delete;
-    void Restore() {
-        if (Busy) QGuiApplication::restoreOverrideCursor();
-        Busy = false;
-    }
-
-  private:
-    bool Busy = true;
-};
+/// Shows the busy pointer over the whole program until what it returns goes out of scope.
+[[nodiscard]] inline auto ShowBusyPointer() {
+    QGuiApplication::setOverrideCursor(Qt::WaitCursor);
+    return qScopeGuard([] { QGuiApplication::restoreOverrideCursor(); });
+}
 
 } // namespace ui
