@@ -55,7 +55,7 @@ int main(int argc, char** argv) {
             QApplication::processEvents();
         });
         bare.Shown.clear();
-        bare.Shown.push_back(window.findChild<ui::PictureBox*>("picMap")->Image().copy());
+        bare.Shown.push_back(window.findChild<ui::PictureBox*>("picMap")->pixmap().toImage().copy());
         const double floor = Milliseconds([&] {
             const QString number = QString::number(episode);
             for (const QString& path : {game + "/IMG." + number, game + "/MAP." + number,

@@ -1,7 +1,6 @@
 #pragma once
 
-#include <QImage>
-#include <QWidget>
+#include <QLabel>
 
 #include <cstdint>
 #include <string>
@@ -11,7 +10,7 @@ namespace ui {
 
 /// Shows a picture of its own at the picture's size from the top left corner, unscaled: one pixel of the
 /// picture for one of the layout. Its accessible name says what is shown.
-class PictureBox : public QWidget {
+class PictureBox : public QLabel {
     Q_OBJECT
 
   public:
@@ -23,16 +22,9 @@ class PictureBox : public QWidget {
               const std::string& description);
     void Remove();
 
-    /// What is shown now; a null image when nothing is.
-    [[nodiscard]] const QImage& Image() const { return Shown; }
-
   protected:
-    void paintEvent(QPaintEvent* event) override;
     void focusInEvent(QFocusEvent* event) override;
     void focusOutEvent(QFocusEvent* event) override;
-
-  private:
-    QImage Shown;
 };
 
 } // namespace ui

@@ -100,7 +100,7 @@ struct TestWindow : testing::Test {
                 entries += QString::fromStdString(item.Text);
             screen[list] = InWords(entries, Chosen(list));
         }
-        for (const char* box : {"picMap", "pic"}) screen[box] = InWords(Get<ui::PictureBox>(box).Image());
+        for (const char* box : {"picMap", "pic"}) screen[box] = InWords(Get<QLabel>(box).pixmap().toImage());
         return screen;
     }
 
