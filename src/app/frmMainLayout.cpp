@@ -25,10 +25,12 @@ void frmMain::BuildWidgets() {
     auto* client = new QWidget(this); // without a layout: nothing moves when the window's size changes
     client->setFont(ui::WindowFont());
     setCentralWidget(client);
+    QFont captionFont = client->font();
+    captionFont.setBold(true);
     for (std::size_t i = 0; i < fra.size(); ++i) {
         fra[i] = new ui::Frame(ViewCaptions[i], client);
         fra[i]->setObjectName("fra" + QString::number(i));
-        fra[i]->setFont(ui::CaptionFont());
+        fra[i]->setFont(captionFont);
         // Side by side, as designed; start-up stacks them on the place of the first.
         fra[i]->setGeometry(8 + ClientArea.width() * static_cast<int>(i), 8, 601, 473);
         fra[i]->setEnabled(false);
@@ -72,8 +74,9 @@ ui::PictureBox* frmMain::AddPictureBox(QWidget* frame, const char* name, QRect p
 void frmMain::BuildMenus() {
     menuBar()->setNativeMenuBar(false);
     // An item whose command is run as one of the user's, and which ends as `undo` says when that fails.
-    const auto add = [this](ui::Menu& menu, const QString& name, const char* caption, const char* shortcut,
-                            std::function<void()> command, std::function<void()> undo = {}) {
+    const auto add = [this](ui::Menu& menu, const QString& name, const QString& caption,
+                            const QString& shortcut, std::function<void()> command,
+                            std::function<void()> undo = {}) {
         return menu.AddItem(
             name, caption, shortcut,
             [this, command = std::move(command), undo = std::move(undo)] { FromUser(command, undo); });
@@ -81,22 +84,20 @@ void frmMain::BuildMenus() {
     mnuFile.emplace(menuBar(), "mnuFile", "&File");
     add(*mnuFile, "mnuFileOpen", "&Open", "Ctrl+O", [this] { mnuFileOpen_Click(); });
     mnuFile->AddSeparator();
-    mnuFileExport = add(*mnuFile, "mnuFileExport", "&Export", nullptr, [this] { mnuFileExport_Click(); });
+    mnuFileExport = add(*mnuFile, "mnuFileExport", "&Export", "", [this] { mnuFileExport_Click(); });
     mnuFileExportAll =
-        add(*mnuFile, "mnuFileExportAll", "Export All", nullptr, [this] { mnuFileExportAll_Click(); });
+        add(*mnuFile, "mnuFileExportAll", "Export All", "", [this] { mnuFileExportAll_Click(); });
     mnuFile->AddSeparator();
-    add(*mnuFile, "mnuFileExit", "E&xit", nullptr, [this] { mnuFileExit_Click(); });
+    add(*mnuFile, "mnuFileExit", "E&xit", "", [this] { mnuFileExit_Click(); });
 
     mnuView.emplace(menuBar(), "mnuView", "&View");
-    constexpr std::array<std::array<const char*, 2>, 3> Episodes{
-        {{"Episode &1", "Ctrl+Shift+F1"}, {"Episode &2", "Ctrl+Shift+F2"}, {"Episode &3", "Ctrl+Shift+F3"}}};
     constexpr std::array<std::array<const char*, 2>, 3> Frames{
         {{"&Maps", "Ctrl+M"}, {"&Walls/Sprites", "Ctrl+W"}, {"&Sounds", "Ctrl+D"}}};
     for (int i = 0; QAction * &item : mnuViewEpisode) {
-        const auto& [caption, shortcut] = Episodes[static_cast<std::size_t>(i)];
+        const QString index = QString::number(i), number = QString::number(i + 1);
         // What fails leaves the tables of two episodes.
         item = add(
-            *mnuView, "mnuViewEpisode" + QString::number(i), caption, shortcut,
+            *mnuView, "mnuViewEpisode" + index, "Episode &" + number, "Ctrl+Shift+F" + number,
             [this, i] { mnuViewEpisode_Click(i); }, [this] { EnableControls(false); });
         item->setCheckable(true);
         item->setEnabled(i++ == 0);

@@ -24,12 +24,6 @@ QFont WindowFont() {
     return FontOf(families, QFont::SansSerif, 11);
 }
 
-QFont CaptionFont() {
-    QFont font = WindowFont();
-    font.setWeight(QFont::Bold);
-    return font;
-}
-
 QFont CodesFont() {
     const QStringList families{"Terminal", "Liberation Mono", "DejaVu Sans Mono", "Courier New"};
     QFont font = FontOf(families, QFont::Monospace, 12);

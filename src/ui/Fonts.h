@@ -6,8 +6,7 @@ namespace ui {
 
 /// The fonts of the fixed layout. Their sizes are in pixels, so that the layout holds whatever the desktop's
 /// settings.
-QFont WindowFont();  ///< what widgets without a font of their own use
-QFont CaptionFont(); ///< small and bold: captions of frames
-QFont CodesFont();   ///< fixed pitch
+QFont WindowFont(); ///< what widgets without a font of their own use
+QFont CodesFont();  ///< fixed pitch
 
 } // namespace ui

@@ -10,11 +10,11 @@ Menu::Menu(QMenuBar* bar, const char* name, const char* caption)
     Group->setExclusionPolicy(QActionGroup::ExclusionPolicy::None);
 }
 
-QAction* Menu::AddItem(const QString& name, const char* caption, const char* shortcut,
+QAction* Menu::AddItem(const QString& name, const QString& caption, const QString& shortcut,
                        std::function<void()> command) {
     QAction* item = Items->addAction(caption);
     item->setObjectName(name);
-    if (shortcut != nullptr) item->setShortcut(QKeySequence(shortcut));
+    item->setShortcut(QKeySequence(shortcut));
     Group->addAction(item);
     QObject::connect(item, &QAction::triggered, item, [command = std::move(command)] { command(); });
     return item;

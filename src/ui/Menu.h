@@ -16,7 +16,7 @@ class Menu {
 
     /// Adds an item that runs a command, which must not throw. Qt toggles a checkable item when it is
     /// triggered; the command must then set the right mark.
-    QAction* AddItem(const QString& name, const char* caption, const char* shortcut,
+    QAction* AddItem(const QString& name, const QString& caption, const QString& shortcut,
                      std::function<void()> command);
     void AddSeparator() { Items->addSeparator(); }
 
