@@ -7,14 +7,10 @@ namespace morvane {
 std::string GameFolder::ExpandEpisode(std::string_view name, std::int32_t episode) const {
     constexpr std::string_view Placeholder = "%EP%";
     const std::string number = std::to_string(episode == EpisodeInUse ? CurrentEpisode : episode);
-    std::string expanded;
-    for (;;) {
-        const std::size_t found = name.find(Placeholder);
-        expanded += name.substr(0, found);
-        if (found == std::string_view::npos) return expanded;
-        expanded += number;
-        name.remove_prefix(found + Placeholder.size());
-    }
+    std::string expanded(name);
+    for (std::size_t at = 0; (at = expanded.find(Placeholder, at)) != std::string::npos; at += number.size())
+        expanded.replace(at, Placeholder.size(), number);
+    return expanded;
 }
 
 std::string GameFolder::GameFilePath(std::string_view name, std::int32_t episode) const {
