@@ -12,7 +12,7 @@ namespace morvane::platform {
 // Open a file and return its descriptor, which child processes do not inherit. None of them blocks, whatever
 // the path names.
 int OpenToRead(const std::string& path);
-int OpenNew(const std::string& path);         ///< makes the file, which must be missing
+int OpenNew(const std::string& path);         ///< makes the file, which must be missing; no device
 int OpenToOverwrite(const std::string& path); ///< makes the file when it is missing
 
 /// 1 when the descriptor is of a regular file, 0 when it is of anything else.

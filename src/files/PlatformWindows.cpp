@@ -2,6 +2,7 @@
 #include "Platform.h"
 
 #include <algorithm>
+#include <cerrno>
 #include <climits>
 #include <cstdio>
 #include <fcntl.h>
@@ -31,7 +32,13 @@ int Open(const std::string& path, int flags) {
 
 int OpenToRead(const std::string& path) { return Open(path, _O_RDONLY); }
 
-int OpenNew(const std::string& path) { return Open(path, _O_WRONLY | _O_CREAT | _O_EXCL); }
+int OpenNew(const std::string& path) {
+    const int opened = Open(path, _O_WRONLY | _O_CREAT | _O_EXCL);
+    if (opened < 0 || IsRegular(opened) == 1) return opened;
+    _close(opened); // a device, such as NUL: what is written there is nowhere
+    errno = EINVAL;
+    return -1;
+}
 
 int OpenToOverwrite(const std::string& path) { return Open(path, _O_WRONLY | _O_CREAT); }
 

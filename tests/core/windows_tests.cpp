@@ -19,4 +19,5 @@ TEST(Windows, HiddenFilesAndDevicesCountAsAbsent) {
     ASSERT_TRUE(SetFileAttributesA(path.c_str(), FILE_ATTRIBUTE_NORMAL));         // so that it can be removed
     EXPECT_FALSE(File::OpenNormal("NUL"));
     EXPECT_EQ(FailureOf([] { WriteInPlace("NUL", {}); }).Number, EINVAL);
+    for (const char* device : {"NUL", "CON"}) FailureOf([&] { WriteByteArray(folder / device, {}, true); });
 }
