@@ -5,8 +5,6 @@
 #include "Text.h"
 #include "Toolkit.h"
 
-#include <QListView>
-
 namespace ui {
 
 namespace {
@@ -23,19 +21,20 @@ QStringList NameFilters(const std::string& filter) {
 
 class SaveDialog : public FileDialog {
   public:
-    SaveDialog(QWidget* owner, const std::string& title, const QString& folder, QStringList filters,
-               QString extension)
-        : FileDialog(owner, title, folder), Filters(std::move(filters)), Extension(std::move(extension)) {
+    SaveDialog(QWidget* owner, const std::string& title, const QString& folder, QString name,
+               QStringList filters, QString extension)
+        : FileDialog(owner, title, folder, AnyFile), Name(std::move(name)), Filters(std::move(filters)),
+          Extension(std::move(extension)) {
         setAcceptMode(AcceptSave);
-        setFileMode(AnyFile);
         // The questions are our own, so that they are the same on every desktop.
         setOptions(DontConfirmOverwrite | HideNameFilterDetails);
         setNameFilters(Filters);
+        selectFile(Name);
     }
 
     /// The path chosen. A name without an extension gets the default one; a leading dot begins none.
     [[nodiscard]] QString Path() const {
-        const QString path = selectedFiles().value(0);
+        const QString path = Choice();
         const QFileInfo file(path);
         const bool extended =
             file.fileName().isEmpty() || file.isDir() || file.fileName().lastIndexOf('.') > 0;
@@ -50,23 +49,18 @@ class SaveDialog : public FileDialog {
         return 0;
     }
 
-    /// Proposes a file name.
-    void Propose(const QString& name) {
-        Name = name;
-        selectFile(name);
-    }
-
   protected:
     bool Agrees(QWidget* owner) override {
         const QFileInfo file(Path());
-        if (file.isDir()) {
-            Enter(file.filePath());
+        if (file.isDir()) { // typed, it makes room for the name that stood there before
+            setDirectory(file.filePath());
+            if (Field() != nullptr) Field()->setText(Name);
             return false;
         }
-        const QString name = QFileInfo(selectedFiles().value(0)).fileName();
+        const QString name = QFileInfo(Choice()).fileName();
         if (!name.isEmpty()) Name = name;
-        if (!file.dir().exists()) return Tell(owner, file.path(), "\nThere is no such folder.");
-        if (IsTooLongName(file.fileName())) return Tell(owner, file.filePath(), "\nThe name is too long.");
+        if (!file.dir().exists()) return Tell(owner, file.path(), "There is no such folder.");
+        if (IsTooLongName(file.fileName())) return Tell(owner, file.filePath(), "The name is too long.");
         const bool exists = file.exists() || file.isSymLink();
         const QString question = exists ? " already exists.\nDo you want to replace it?"
                                         : " does not exist.\nDo you want to create it?";
@@ -76,22 +70,6 @@ class SaveDialog : public FileDialog {
     }
 
   private:
-    /// Enters a folder, chosen in the list or typed. A typed one makes room for the name that stood there
-    /// before.
-    void Enter(const QString& folder) {
-        if (auto* list = findChild<QListView*>("listView")) list->clearSelection(); // leaves what is typed
-        const bool typed = Field() != nullptr && !Field()->text().isEmpty() && QFileInfo(Path()).isDir();
-        setDirectory(folder);
-        if (typed) Field()->setText(Name);
-    }
-
-    /// Tells what is wrong with a path; false, for that is what it leads to.
-    bool Tell(QWidget* owner, const QString& path, const QString& complaint) {
-        ShowMessageBox(owner, ToBytes(windowTitle()), ToBytes(QDir::toNativeSeparators(path) + complaint),
-                       QMessageBox::Warning);
-        return false;
-    }
-
     QString Name; ///< the file name proposed, or chosen last
     QStringList Filters;
     QString Extension;
@@ -103,9 +81,9 @@ std::string ShowSaveDialog(QWidget* owner, const std::string& filter, const std:
                            const std::string& initialFolder, const std::string& defaultExtension,
                            const std::string& defaultFileName, int& filterIndex) {
     const QStringList filters = NameFilters(filter);
-    SaveDialog dialog(owner, title, FromBytes(initialFolder), filters, FromBytes(defaultExtension));
+    SaveDialog dialog(owner, title, FromBytes(initialFolder), FromBytes(defaultFileName), filters,
+                      FromBytes(defaultExtension));
     dialog.selectNameFilter(filters.value(filterIndex - 1));
-    dialog.Propose(FromBytes(defaultFileName));
     const bool accepted = dialog.Run();
     filterIndex = dialog.FilterIndex();
     return accepted ? ToBytes(QDir::toNativeSeparators(dialog.Path())) : std::string();

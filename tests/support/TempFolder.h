@@ -44,11 +44,13 @@ inline std::string TextOf(const std::string& path) {
     return {std::istreambuf_iterator<char>(file), {}};
 }
 
-/// A new empty folder, removed at the end of its scope.
+/// A new empty folder, removed at the end of its scope with those made for it above.
 struct TempFolder {
-    TempFolder() { std::filesystem::create_directories(Path); }
+    explicit TempFolder(const std::string& below = "") : Path(Top + below) {
+        std::filesystem::create_directories(Path);
+    }
     TempFolder(const TempFolder&) = delete;
-    ~TempFolder() { std::filesystem::remove_all(Path); }
+    ~TempFolder() { std::filesystem::remove_all(Top); }
 
     std::string operator/(const std::string& name) const { return JoinPath(Path, name); }
 
@@ -72,9 +74,10 @@ struct TempFolder {
         return files;
     }
 
-    const std::string Path =
+    const std::string Top =
         (std::filesystem::temp_directory_path() / ("morvane-" + std::to_string(std::random_device()())))
             .string();
+    const std::string Path;
 };
 
 /// The Failure that an action must raise.

@@ -16,6 +16,7 @@ namespace fs = std::filesystem;
 struct TestWindow : testing::Test {
     TestWindow() {
         fs::current_path("/");
+        qputenv("HOME", Home.c_str());
         for (const std::string n : {"1", "2", "3"}) // code 1 has another colour in each episode
             ProgramFolder.Write("Episode" + n + ".tsd", "[Plane 0]\r\n1=," + std::string(49, n[0]) + ",\r\n");
         // Queued: a timer does not fire again inside what it has started.
@@ -40,9 +41,15 @@ struct TestWindow : testing::Test {
     [[nodiscard]] std::string Settings() const { return TextOf(ProgramFolder / "viewer.ini"); }
 
     /// Does what the user does, one step or several with ", " between: a menu item ("Export All"), a click on
-    /// an entry of a list ("Map 1", "MIDI 2", for the image list "image 0") or a key ("Home"). Dialogs get
-    /// the answers in turn: "yes", "no", "cancel", "accept" for what stands in the field, or what is typed
-    /// there; without an answer left, questions get "yes" and others "cancel". Returns what is seen.
+    /// an entry of a list ("Map 1", "MIDI 2", for the image list "image 0") or a key ("Home"). Questions and
+    /// dialogs get the answers in turn; without an answer left, questions get "yes" and others "cancel".
+    ///
+    /// An answer to a file dialog is typed over what stands in the field, key by key, with Enter behind it;
+    /// "HOME" stands for the folder above the program's. Other answers are "cancel", "accept" for a mere
+    /// Enter in the field, "type me/" for keys without Enter, "press Delete" for a key where the keyboard is,
+    /// "down to out" for the arrow key until that completion is reached, "click sub" for an entry of the list
+    /// or a button, "drag sub to out" and "lose sub", which someone else deletes. What an answer needs is
+    /// waited for. Returns what is seen.
     std::string Do(const std::string& steps, const QList<std::string>& answers = {}) {
         Answers = answers;
         QApplication::setActiveWindow(Window.get());
@@ -88,7 +95,7 @@ struct TestWindow : testing::Test {
     }
     [[nodiscard]] int Chosen(const char* list) const { return Get<QListWidget>(list).currentRow(); }
 
-    /// The dialogs since the last call, a line for each with "GAME" and "PROGRAM" for the folders.
+    /// The dialogs since the last call, a line for each with "GAME", "PROGRAM" and "HOME" for the folders.
     std::string TakeDialogs() { return std::exchange(Dialogs, {}).toStdString(); }
 
     /// State, lists, pictures and codes; "nothing" for a list without entries or no picture.
@@ -120,7 +127,8 @@ struct TestWindow : testing::Test {
 
     static constexpr std::array Lists{"lstMap", "lstGroup", "lstImage", "lstSound"};
 
-    TempFolder ProgramFolder, GameDir;
+    TempFolder ProgramFolder{"/a/b/c/me/app"}, GameDir;
+    const std::string Home = fs::path(ProgramFolder.Path).parent_path().string();
     SampleGame Sample;
     QList<std::string> Answers;
     std::function<void(QDialog&)> Meanwhile; ///< done once, before the next dialog is answered
@@ -197,20 +205,27 @@ struct TestWindow : testing::Test {
         return Differences(Screen(), wanted);
     }
 
-    /// Notes a dialog as soon as it has come up, and answers it.
+    /// Notes a dialog as soon as it has come up and is ready for its answer, and answers it.
     void Look() {
         auto* dialog = qobject_cast<QDialog*>(QApplication::activeModalWidget());
         if (dialog == nullptr) return;
-        auto* field = dialog->findChild<QLineEdit*>("fileNameEdit");
-        if (field != nullptr && !field->hasFocus()) { // as it is for whoever types
-            dialog->activateWindow();
-            return field->setFocus();
+        auto* files = qobject_cast<QFileDialog*>(dialog);
+        const QString answer = QString::fromStdString(Answers.value(0));
+        if (files != nullptr && !IsReady(*files, answer)) {
+            if (++LooksInVain < 3000) return;
+            Dialogs += "\nbut this was waited for in vain: " + answer;
+            Answers = {"cancel"};
         }
+        LooksInVain = 0;
         QString text = "\n" + InWords(*dialog);
-        text.replace(GameDir.Path.c_str(), "GAME").replace(ProgramFolder.Path.c_str(), "PROGRAM");
-        Dialogs += text;
+        text.replace(GameDir.Path.c_str(), "GAME")
+            .replace(QRegularExpression(QString::fromStdString(ProgramFolder.Path + "\\b")), "PROGRAM");
+        Dialogs += text.replace(Home.c_str(), "HOME");
         if (Meanwhile) std::exchange(Meanwhile, {})(*dialog);
-        Answer(*dialog, field);
+        if (files != nullptr)
+            AnswerFileDialog(*files);
+        else
+            AnswerBox(dynamic_cast<QMessageBox&>(*dialog));
     }
 
     /// "question over a dialog, Yes preset: Title: text", "save dialog over the window: Title: path
@@ -233,23 +248,115 @@ struct TestWindow : testing::Test {
         if (box != nullptr && Asks(*box)) text += ", " + box->defaultButton()->text().remove('&') + " preset";
         text += ": " + dialog.windowTitle() + ": ";
         if (box != nullptr) return text + box->text();
-        return text + files->directory().filePath(files->findChild<QLineEdit*>("fileNameEdit")->text());
+        text += files->directory().filePath(Field(*files)->text());
+        for (const QModelIndex& index :
+             files->findChild<QTreeView*>("treeView")->selectionModel()->selectedRows())
+            text += ", " + index.data().toString() + " is highlighted";
+        if (Button(*files, "Open") != nullptr) text += ", the button opens";
+        return text;
     }
 
     static bool Asks(const QMessageBox& box) { return box.standardButtons().testFlag(QMessageBox::Yes); }
 
-    void Answer(QDialog& dialog, QLineEdit* field) {
-        auto* box = qobject_cast<QMessageBox*>(&dialog);
-        if (box != nullptr && !Asks(*box)) return box->button(QMessageBox::Ok)->click();
-        std::string answer = box != nullptr ? "yes" : "cancel";
-        if (!Answers.empty()) answer = Answers.takeFirst();
-        if (box != nullptr) return box->button(answer == "no" ? QMessageBox::No : QMessageBox::Yes)->click();
+    void AnswerBox(const QMessageBox& box) {
+        if (!Asks(box)) return box.button(QMessageBox::Ok)->click();
+        const bool no = !Answers.empty() && Answers.takeFirst() == "no";
+        box.button(no ? QMessageBox::No : QMessageBox::Yes)->click();
+    }
+
+    static QLineEdit* Field(const QFileDialog& dialog) {
+        return dialog.findChild<QLineEdit*>("fileNameEdit");
+    }
+    static QAbstractButton* Button(const QFileDialog& dialog, const QString& text) {
+        for (auto* button : dialog.findChildren<QAbstractButton*>())
+            if (button->text().remove('&') == text || button->toolTip() == text) return button;
+        return nullptr;
+    }
+    static QModelIndex Entry(const QAbstractItemView& list, const QString& name) {
+        const QModelIndex first = list.model()->index(0, 0, list.rootIndex());
+        return list.model()->match(first, Qt::DisplayRole, name, 1, Qt::MatchExactly).value(0);
+    }
+    /// The list that shows an entry of that name: that of the folder on display, or that beside it.
+    static QAbstractItemView* ListWith(const QFileDialog& dialog, const QString& entry) {
+        for (const char* name : {"treeView", "sidebar"})
+            if (auto* list = dialog.findChild<QAbstractItemView*>(name); Entry(*list, entry).isValid())
+                return list;
+        return nullptr;
+    }
+    static QPoint Place(const QAbstractItemView& list, const QString& entry) {
+        return list.visualRect(Entry(list, entry)).center();
+    }
+
+    /// What gets the keys: a list of completions comes before what has the focus.
+    static QWidget* Keyboard() {
+        QWidget* popup = QApplication::activePopupWidget();
+        return popup != nullptr ? popup : QApplication::focusWidget();
+    }
+
+    /// True when what an answer needs is there.
+    bool IsReady(QFileDialog& dialog, const QString& answer) const {
+        const QString does = answer.section(' ', 0, 0), name = answer.section(' ', 1);
+        if (does == "click") return Button(dialog, name) != nullptr || ListWith(dialog, name) != nullptr;
+        if (does == "drag") return ListWith(dialog, name.section(' ', 0, 0)) != nullptr;
+        if (does == "lose") {
+            fs::remove_all(dialog.directory().filePath(name).toStdString());
+            return ListWith(dialog, name) == nullptr;
+        }
+        QApplication::setActiveWindow(&dialog);
+        if (does == "press") return QApplication::focusWidget() != nullptr;
+        if (does == "down") {
+            const auto* completions = dynamic_cast<QAbstractItemView*>(QApplication::activePopupWidget());
+            return completions != nullptr && HasCompletion(*completions->model(), answer.section(' ', 2));
+        }
+        if (!Field(dialog)->hasFocus()) Field(dialog)->setFocus(); // as it is for whoever types
+        return Field(dialog)->hasFocus();
+    }
+    static bool HasCompletion(const QAbstractItemModel& model, const QString& name) {
+        return !model.match(model.index(0, 0), Qt::DisplayRole, name, 1, Qt::MatchExactly).empty();
+    }
+
+    void AnswerFileDialog(QFileDialog& dialog) {
+        QString answer = QString::fromStdString(Answers.empty() ? "cancel" : Answers.takeFirst());
+        answer.replace("HOME", Home.c_str());
+        const QString does = answer.section(' ', 0, 0), name = answer.section(' ', 1);
         if (answer == "cancel") return dialog.reject();
-        if (answer != "accept") field->setText(QString::fromStdString(answer));
-        QTest::keyClick(field, Qt::Key_Return);
+        if (does == "lose") return;
+        if (does == "press") return Press(name);
+        if (does == "down") {
+            for (int i = 0; i < 10 && !Field(dialog)->text().endsWith(name.section(' ', 1)); ++i)
+                Press("Down");
+            return;
+        }
+        if (does == "click") {
+            if (QAbstractButton* button = Button(dialog, name)) return button->click();
+            const QAbstractItemView& list = *ListWith(dialog, name);
+            return QTest::mouseClick(list.viewport(), Qt::LeftButton, {}, Place(list, name));
+        }
+        if (does == "drag") return Drag(dialog, name.section(" to ", 0, 0), name.section(" to ", 1));
+        if (does != "type" && answer != "accept") Field(dialog)->selectAll();
+        for (const QChar letter : does == "type" ? name : answer == "accept" ? "" : answer)
+            QTest::keyClick(Keyboard(), letter.toLatin1());
+        if (does != "type") Press("Return");
+    }
+    static void Press(const QString& key) {
+        const QKeyCombination keys = QKeySequence(key)[0];
+        QTest::keyClick(Keyboard(), keys.key(), keys.keyboardModifiers());
+    }
+    static void Drag(const QFileDialog& dialog, const QString& entry, const QString& target) {
+        const QAbstractItemView& list = *ListWith(dialog, entry);
+        const QPoint from = list.viewport()->mapTo(&dialog, Place(list, entry)),
+                     to = list.viewport()->mapTo(&dialog, Place(list, target));
+        QTest::mousePress(dialog.windowHandle(), Qt::LeftButton, {}, from);
+        QTest::mouseMove(dialog.windowHandle(), (from + to) / 2);
+        QTimer::singleShot(50, &dialog, [&dialog, to] {
+            QTest::mouseMove(dialog.windowHandle(), to);
+            QTest::mouseRelease(dialog.windowHandle(), Qt::LeftButton, {}, to);
+        });
+        QTest::mouseMove(dialog.windowHandle(), to);
     }
 
     QString Dialogs;
+    int LooksInVain = 0;
     QTimer Watch;
 };
 

@@ -89,7 +89,7 @@ static std::string AskedToSave(const std::string& kind, const std::string& name)
 }
 
 TEST_F(TestWindow, AsksForTheFolderAtTheFirstStart) {
-    const std::string asked = AskedForGame(QDir::homePath().toStdString(), "without an owner");
+    const std::string asked = AskedForGame("HOME", "without an owner");
     EXPECT_EQ(Start(""), "empty" + asked); // cancelled
     EXPECT_EQ(Do("Walls/Sprites"), "empty");
     EXPECT_EQ(Start("", {GameDir.Path}), "empty" + asked + Missing("GAME/GAME.PAL", "without an owner"));
