@@ -91,7 +91,7 @@ void FileDialog::TameLists() {
 }
 
 bool FileDialog::Run() {
-    while (exec() == Accepted) {
+    while (RunModal(*this) == Accepted) {
         const bool ofTheSystem = testAttribute(Qt::WA_DontShowOnScreen);
         if (!ofTheSystem || Agrees(parentWidget())) return true;
         // Without being told what it held, the dialog would come back as it first was.

@@ -51,12 +51,18 @@ int Run(QWidget* owner, const std::string& title, const std::string& text, QMess
     const int width = box.fontMetrics().horizontalAdvance(box.windowTitle()) + CaptionButtons;
     auto* layout = static_cast<QGridLayout*>(box.layout());
     layout->addItem(new QSpacerItem(width, 0), layout->rowCount(), 0, 1, layout->columnCount());
-    return box.exec();
+    return RunModal(box);
 }
 
 } // namespace
 
 QWidget* ShownOwner(QWidget* owner) { return owner != nullptr && owner->isVisible() ? owner : nullptr; }
+
+int RunModal(QDialog& dialog) {
+    const int result = dialog.exec();
+    if (dialog.parentWidget() != nullptr) dialog.parentWidget()->activateWindow();
+    return result;
+}
 
 void ShowMessageBox(QWidget* owner, const std::string& title, const std::string& text,
                     QMessageBox::Icon icon) {

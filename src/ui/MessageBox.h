@@ -10,6 +10,10 @@ namespace ui {
 /// middle of the screen.
 QWidget* ShownOwner(QWidget* owner);
 
+/// Runs a modal dialog and gives the keyboard back to its owner when it has gone, which window managers may
+/// forget. Returns the dialog's result.
+int RunModal(QDialog& dialog);
+
 /// Shows a modal message box with an OK button and waits until it is closed. Line breaks in the text may be
 /// CR LF or LF; names too long for a line are broken as well.
 void ShowMessageBox(QWidget* owner, const std::string& title, const std::string& text,

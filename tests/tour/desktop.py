@@ -64,12 +64,6 @@ def gone(title):
     wait(lambda: not find_window(title), 'end of window "%s"' % title)
 
 
-def activate(window_id):
-    # Gives a window the focus, which the window manager may have lost with a dialog.
-    run('xdotool', 'windowactivate', '--sync', window_id)
-    wait(lambda: run('xdotool', 'getwindowfocus').strip() == window_id, 'focus of the window')
-
-
 def keys(*names):
     run('xdotool', 'key', '--delay', '20', *names)
 
