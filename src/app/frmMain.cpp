@@ -158,7 +158,6 @@ void frmMain::LoadSoundArchive() {
 
 bool frmMain::LoadImageArchive() {
     lstGroup->clear();
-    pic->Remove(); // a first group without images would leave the other episode's picture
     ReadImageArchive(Game.Folder, Game.Groups);
     std::vector<ui::ListItem> items;
     for (int g = 0; const ImageGroup& group : Game.Groups) {

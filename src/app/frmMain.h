@@ -91,7 +91,8 @@ class frmMain : public QMainWindow {
 
     /// While the controls are enabled, all tables here, all lists and both pictures belong to its GamePath
     /// and CurrentEpisode. Whatever leaves them apart disables the controls; an open whose
-    /// first episode lists nothing leaves empty lists.
+    /// first episode lists nothing leaves empty lists. While a group without images is selected, picture and
+    /// codes are those of the image shown last.
     LoadedGame Game;
     std::int32_t CurrentView = 0;               ///< 0 Maps, 1 Walls/Sprites, 2 Sounds
     std::vector<std::uint8_t> CurrentImageFile; ///< BMP bytes of the image shown last

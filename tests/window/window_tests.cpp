@@ -138,14 +138,20 @@ TEST_F(TestWindow, EndsEmptyWhenAnEpisodeFails) {
         }
 }
 
-TEST_F(TestWindow, ShowsNothingOfAnotherEpisode) {
+TEST_F(TestWindow, KeepsPictureAndCodesInAGroupWithoutImages) {
     StartOnSample();
     Sample.Groups[2].Images.clear();
     Sample.Groups.erase(3); // it would begin where group 2 does
-    Sample.Write(GameDir, {2});
-    EXPECT_EQ(Do("Episode 2"), "Maps, episodes 1 2* 3");
+    Sample.Write(GameDir, {1, 2});
+    const std::string seen = Do("Walls/Sprites, Group 7, image 1");
+    Contents shown = Screen();
+    for (const std::string step : {"Episode 2", "Group 2"}) {
+        EXPECT_EQ(Do(step + ", Export"), "Walls/Sprites, exports, episodes 1 2* 3");
+        for (const char* part : {"pic", "txt"}) EXPECT_EQ(Screen()[part], shown[part]) << step;
+    }
+    Do("Open", {"accept"});
     EXPECT_EQ(Screen()["pic"], "nothing");
-    EXPECT_EQ(Do("Walls/Sprites, Export"), "Walls/Sprites, exports, episodes 1 2* 3"); // of no image
+    EXPECT_EQ(Screen()["txt"], shown["txt"]);
     fs::resize_file(GameDir / "MAP.1", 0);
     Do("Open", {"accept"});
     EXPECT_EQ(State(), "Maps, episodes 2 3, episode 1 is checked");
