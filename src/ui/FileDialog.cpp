@@ -63,6 +63,11 @@ FileDialog::FileDialog(QWidget* owner, const std::string& title, const QString& 
     auto* completer = new PathCompleter(Model(), this);
     completer->FullPath = [this](const QString& typed) { return FullPath(typed); };
     Field()->setCompleter(completer);
+    // The toolkit completes full paths alone once their folder has been read.
+    connect(Model(), &QFileSystemModel::directoryLoaded, this, [this, completer](const QString& read) {
+        const bool typed = Field()->hasFocus() && IsTyped();
+        if (typed && QDir::cleanPath(QFileInfo(Choice()).path()) == read) completer->complete();
+    });
 }
 
 /// Leaves the lists nothing to do but to show, to highlight and to enter folders.
@@ -150,23 +155,32 @@ bool FileDialog::focusNextPrevChild(bool next) {
 /// Closes the list of completions. True when one of them had been written into the field by the arrow keys.
 bool FileDialog::TakesCompletion() const {
     QAbstractItemView* completions = Field()->completer()->popup();
-    const bool reached = completions->isVisible() && !Field()->isModified();
+    const bool reached = completions->isVisible() && !IsTyped();
     completions->hide();
     return reached;
 }
 
 QString FileDialog::Choice() const {
     if (Field() == nullptr) return selectedFiles().value(0);
+    return Text().isEmpty() && acceptMode() == AcceptSave ? QString() : FullPath(Text());
+}
+
+/// True for a text that stands as it was typed, not completed or highlighted.
+bool FileDialog::IsTyped() const {
+    return Field()->isModified() || Field()->text() == Field()->completer()->completionPrefix();
+}
+
+/// What stands in the field, without the line ends that come with what is pasted.
+QString FileDialog::Text() const {
     QString text = Field()->text();
-    // Line ends come with what is pasted.
-    while (Field()->isModified() && (text.endsWith('\n') || text.endsWith('\r'))) text.chop(1);
-    return text.isEmpty() && acceptMode() == AcceptSave ? QString() : FullPath(text);
+    while (IsTyped() && (text.endsWith('\n') || text.endsWith('\r'))) text.chop(1);
+    return text;
 }
 
 /// The full path of a path, or of a name in the folder on display; empty for a name among the drives. A "~"
 /// that is typed is the home folder, one that was highlighted is a name.
 QString FileDialog::FullPath(const QString& text) const {
-    const bool atHome = text.startsWith("~/") || (text == "~" && Field()->isModified());
+    const bool atHome = text.startsWith("~/") || (text == "~" && IsTyped());
     const QString path = atHome ? QDir::homePath() + text.mid(1) : text;
     const QString folder = Model()->rootPath(), between = folder.endsWith('/') ? "" : "/";
     return path.startsWith('/') ? path : ShowsDrives() ? "" : folder + between + path;
@@ -196,7 +210,7 @@ bool FileDialog::EntersHighlighted() const {
 }
 
 /// True when the field asks for the folder above. In the save dialog that is a folder typed like any other.
-bool FileDialog::GoesUp() const { return acceptMode() == AcceptOpen && Field()->text().trimmed() == ".."; }
+bool FileDialog::GoesUp() const { return acceptMode() == AcceptOpen && Text() == ".."; }
 
 /// True while the list holds drives, and no folder is on display.
 bool FileDialog::ShowsDrives() const { return Model()->rootPath().isEmpty(); }

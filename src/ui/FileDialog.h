@@ -47,6 +47,8 @@ class FileDialog : public QFileDialog {
     void FollowHighlight();
     void FollowField();
     [[nodiscard]] bool TakesCompletion() const;
+    [[nodiscard]] bool IsTyped() const;
+    [[nodiscard]] QString Text() const;
     [[nodiscard]] QString FullPath(const QString& text) const;
     [[nodiscard]] QFileSystemModel* Model() const;
     [[nodiscard]] QItemSelectionModel* Selection() const; ///< of both lists, of which one is shown

@@ -54,7 +54,9 @@ class SaveDialog : public FileDialog {
         const QFileInfo file(Path());
         if (file.isDir()) { // typed, it makes room for the name that stood there before
             setDirectory(file.filePath());
-            if (Field() != nullptr) Field()->setText(Name);
+            if (Field() == nullptr) return false;
+            Field()->setText(Name);
+            Field()->selectAll();
             return false;
         }
         const QString name = QFileInfo(Choice()).fileName();

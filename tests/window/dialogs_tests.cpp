@@ -40,7 +40,8 @@ struct FileDialogs : TestWindow {
         return differences;
     }
 
-    static constexpr std::array Folders{"/", "/app2", "/out", "/out 2", "/app/one", "/app/sub", "/app/two"};
+    static constexpr std::array Folders{"/",        "/app2",    "/out",    "/out 2", "/app/one/deep",
+                                        "/app/one", "/app/sub", "/app/two"};
 };
 
 const std::string Create = " does not exist.\nDo you want to create it?\n";
@@ -168,6 +169,11 @@ TEST_F(FileDialogs, CompleteWhatIsTyped) {
               "HOME/ou\nHOME/out 2\nHOME/out 2");
     EXPECT_EQ(After("Export All", {"click one", "click Parent Directory", "type ap", "down to app2"}),
               "PROGRAM/one, one is highlighted\nHOME\nHOME/ap\nHOME/app2");
+    // The list comes once the folder has been read, and past its end stands what was typed.
+    EXPECT_EQ(After("Export All", {"click one", "type /", "down to deep"}),
+              "PROGRAM/one, one is highlighted\nPROGRAM/one/\nPROGRAM/one/deep");
+    EXPECT_EQ(After("Export All", {"type ~", "down to me", "press Down", "press Return"}),
+              "PROGRAM/~\nHOME\nPROGRAM/~\nMorvane Extractor: Done");
     // A completed name stays a name: another folder may be entered.
     ProgramFolder.Write("Song 002.mid.mid", "old");
     EXPECT_EQ(After("Export", {"click sub", "type .", "down to Song 002.mid.mid", "click sub", "click Open"}),
