@@ -26,9 +26,7 @@ QFont WindowFont() {
 
 QFont CodesFont() {
     const QStringList families{"Terminal", "Liberation Mono", "DejaVu Sans Mono", "Courier New"};
-    QFont font = FontOf(families, QFont::Monospace, 12);
-    font.setFixedPitch(true);
-    return font;
+    return FontOf(families, QFont::Monospace, 12);
 }
 
 } // namespace ui

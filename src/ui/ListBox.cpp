@@ -58,7 +58,6 @@ bool Navigates(const QKeyEvent& event) {
 ListBox::ListBox(QWidget* parent) : QListWidget(parent) {
     setItemDelegate(new RowPainter(this));
     setUniformItemSizes(true);
-    setEditTriggers(NoEditTriggers);
     setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     setFrameStyle(QFrame::Panel | QFrame::Sunken);
     setLineWidth(2);

@@ -7,10 +7,8 @@ namespace ui {
 
 TextBox::TextBox(QWidget* parent) : QPlainTextEdit(parent) {
     setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
-    setTabChangesFocus(true);
     setFrameStyle(QFrame::Panel | QFrame::Sunken); // a style's own frame loses lines when it is scaled
     setLineWidth(2);
-    setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     document()->setDocumentMargin(0);
 }
 
