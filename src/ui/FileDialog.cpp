@@ -126,7 +126,7 @@ void FileDialog::AcceptField() {
         else if (GoesUp())
             findChild<QToolButton*>("toParentButton")->click();
         else if (!nothing && Agrees(this))
-            QDialog::accept();
+            done(Accepted);
     } catch (...) { // short of memory; nothing may pass through Qt, so the dialog stays
     }
 }
