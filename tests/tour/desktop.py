@@ -48,10 +48,6 @@ def wait(condition, what, seconds=30):
     raise AssertionError('%s did not come in %d s' % (what, seconds))
 
 
-def find_window(title):
-    return (run('xdotool', 'search', '--onlyvisible', '--name', title).split() or [None])[-1]
-
-
 def window(title, other=None):
     # The window that has the focus, once its title matches and it is not the other one.
     def focused():
@@ -61,7 +57,7 @@ def window(title, other=None):
 
 
 def gone(title):
-    wait(lambda: not find_window(title), 'end of window "%s"' % title)
+    wait(lambda: not run('xdotool', 'search', '--onlyvisible', '--name', title), 'end of window "%s"' % title)
 
 
 def keys(*names):
