@@ -23,7 +23,7 @@ struct SampleGame {
 
     /// Images whose size and pixels tell group and index.
     static encode::Group MakeGroup(int group, int count) {
-        encode::Group made{{Byte(group)}, {}, false, {}, {}};
+        encode::Group made{{Byte(0xA0 + group)}, {}, false, {}, {}};
         for (int k = 0; k < count; ++k)
             made.Images.push_back(
                 {Byte(group + k), Byte(3 + k), 0, 0,
