@@ -18,23 +18,18 @@ using ByteVector = std::vector<std::uint8_t>;
 /// Contents by the names of what holds them: files, parts of the screen.
 using Contents = std::map<std::string, std::string>;
 
-/// Tells what is seen otherwise than wanted, a line for each; long values from shortly before they part.
+/// Tells what is seen otherwise than wanted, a line for each.
 inline std::string Differences(const Contents& seen, const Contents& wanted) {
+    const auto shown = [](const Contents& contents, const std::string& name) {
+        const auto found = contents.find(name);
+        return found == contents.end() ? "nothing" : testing::PrintToString(found->second).substr(0, 300);
+    };
     Contents all = seen;
     all.insert(wanted.begin(), wanted.end());
     std::string told;
-    for (const auto& entry : all) {
-        const std::string& name = entry.first;
-        const auto valueIn = [&](const Contents& contents) {
-            return contents.contains(name) ? testing::PrintToString(contents.at(name)) : "nothing";
-        };
-        const std::string is = valueIn(seen), should = valueIn(wanted);
-        const auto same = std::ranges::mismatch(is, should).in1 - is.begin();
-        const std::size_t from = same > 30 ? static_cast<std::size_t>(same) - 30 : 0;
-        if (is != should)
-            told +=
-                "\nbut " + name + " shows " + is.substr(from, 60) + " instead of " + should.substr(from, 60);
-    }
+    for (const auto& [name, content] : all)
+        if (!seen.contains(name) || !wanted.contains(name) || seen.at(name) != wanted.at(name))
+            told += "\nbut " + name + " shows " + shown(seen, name) + " instead of " + shown(wanted, name);
     return told;
 }
 

@@ -27,8 +27,12 @@ struct TestWindow : testing::Test {
 
     /// Starts the program, which remembers this folder; returns what is seen, as Do does.
     std::string Start(const std::string& folder, const QList<std::string>& answers = {}) {
-        Answers = answers;
         ProgramFolder.Write("viewer.ini", "[Settings]\r\nOpenPath=" + folder + "\r\n");
+        return StartAsItIs(answers);
+    }
+    /// Starts the program as it is.
+    std::string StartAsItIs(const QList<std::string>& answers) {
+        Answers = answers;
         Window = std::make_unique<frmMain>(Program{ProgramFolder.Path, "viewer"});
         Window->Form_Load();
         Window->show();
@@ -41,7 +45,8 @@ struct TestWindow : testing::Test {
     [[nodiscard]] std::string Settings() const { return TextOf(ProgramFolder / "viewer.ini"); }
 
     /// Does what the user does, one step or several with ", " between: a menu item ("Export All"), a click on
-    /// an entry of a list ("Map 1", "MIDI 2", for the image list "image 0") or a key ("Home"). Questions and
+    /// an entry of a list ("Map 1", "MIDI 2", for the image list "image 0") or a key ("Home"). What there is
+    /// not fails the test, but for an entry "if listed". Questions and
     /// dialogs get the answers in turn; without an answer left, questions get "yes" and others "cancel".
     ///
     /// An answer to a file dialog is typed over what stands in the field, key by key, with Enter behind it;
@@ -52,14 +57,17 @@ struct TestWindow : testing::Test {
     /// waited for. Returns what is seen.
     std::string Do(const std::string& steps, const QList<std::string>& answers = {}) {
         Answers = answers;
-        QApplication::setActiveWindow(Window.get());
-        QApplication::processEvents();
-        for (const QString& step : QString::fromStdString(steps).split(", ")) DoStep(step);
+        for (const QString& step : QString::fromStdString(steps).split(", ")) {
+            QApplication::setActiveWindow(Window.get());
+            QApplication::processEvents();
+            DoStep(step);
+        }
         return Seen();
     }
 
-    /// The state, the dialogs since the last call, and what is not of Sample while the controls are enabled.
-    std::string Seen() { return State() + TakeDialogs() + Mixed(); }
+    /// The state; the dialogs since the last call, a line for each with "GAME", "PROGRAM" and "HOME" for the
+    /// folders; and what is not of Sample while the controls are enabled.
+    std::string Seen() { return State() + std::exchange(Dialogs, {}).toStdString() + Mixed(); }
 
     /// The view, whether it can be exported, the episodes that can be chosen and a star at the one checked:
     /// "Sounds, exports, episodes 1 2* 3". While the controls are disabled: "empty" before the first game,
@@ -94,9 +102,6 @@ struct TestWindow : testing::Test {
         return checked("mnuViewEpisode1") ? 2 : checked("mnuViewEpisode2") ? 3 : 1;
     }
     [[nodiscard]] int Chosen(const char* list) const { return Get<QListWidget>(list).currentRow(); }
-
-    /// The dialogs since the last call, a line for each with "GAME", "PROGRAM" and "HOME" for the folders.
-    std::string TakeDialogs() { return std::exchange(Dialogs, {}).toStdString(); }
 
     /// State, lists, pictures and codes; "nothing" for a list without entries or no picture.
     [[nodiscard]] Contents Screen() const {
@@ -135,9 +140,12 @@ struct TestWindow : testing::Test {
     std::unique_ptr<frmMain> Window;
 
   private:
-    void DoStep(const QString& step) const {
+    void DoStep(QString step) const {
+        const bool mayMiss = step.endsWith(" if listed");
+        step.remove(" if listed");
+        const QString name = step.startsWith("image ") ? step.sliced(6) : step;
         for (auto* list : Window->findChildren<QListWidget*>())
-            for (auto* entry : list->findItems(QString(step).remove("image "), Qt::MatchExactly)) {
+            for (auto* entry : list->findItems(name, Qt::MatchExactly)) {
                 if (!list->isVisible()) continue;
                 list->scrollToItem(entry);
                 const QPoint place = list->visualItemRect(entry).center();
@@ -149,7 +157,10 @@ struct TestWindow : testing::Test {
             keys = item->shortcut();
             if (keys.isEmpty()) return item->trigger();
         }
-        if (keys.toString().isEmpty()) return; // names an entry that is not there
+        if (keys[0].key() == Qt::Key_unknown) {
+            EXPECT_TRUE(mayMiss) << "There is nothing that is called \"" << step.toStdString() << '"';
+            return;
+        }
         QWidget* focus = QApplication::focusWidget();
         QTest::keySequence(focus != nullptr ? focus : Window.get(), keys);
     }
@@ -205,27 +216,23 @@ struct TestWindow : testing::Test {
         return Differences(Screen(), wanted);
     }
 
-    /// Notes a dialog as soon as it has come up and is ready for its answer, and answers it.
+    /// Notes a dialog as soon as it has come up and has what its answer needs, and answers it.
     void Look() {
         auto* dialog = qobject_cast<QDialog*>(QApplication::activeModalWidget());
         if (dialog == nullptr) return;
-        auto* files = qobject_cast<QFileDialog*>(dialog);
-        const QString answer = QString::fromStdString(Answers.value(0));
-        if (files != nullptr && !IsReady(*files, answer)) {
-            if (++LooksInVain < 3000) return;
-            Dialogs += "\nbut this was waited for in vain: " + answer;
-            Answers = {"cancel"};
-        }
+        std::function<void()> act = ActFor(*dialog, Answers.empty() ? "" : Answers.front());
+        if (!act && ++LooksInVain < 3000) return;
+        if (!act) Dialogs += "\nbut this was waited for in vain: " + QString::fromStdString(Answers.front());
         LooksInVain = 0;
         QString text = "\n" + InWords(*dialog);
-        text.replace(GameDir.Path.c_str(), "GAME")
-            .replace(QRegularExpression(QString::fromStdString(ProgramFolder.Path + "\\b")), "PROGRAM");
+        text.replace(GameDir.Path.c_str(), "GAME");
+        text.replace(QRegularExpression(QString::fromStdString(ProgramFolder.Path + "\\b")), "PROGRAM");
         Dialogs += text.replace(Home.c_str(), "HOME");
         if (Meanwhile) std::exchange(Meanwhile, {})(*dialog);
-        if (files != nullptr)
-            AnswerFileDialog(*files);
-        else
-            AnswerBox(dynamic_cast<QMessageBox&>(*dialog));
+        const auto* box = qobject_cast<QMessageBox*>(dialog);
+        if (!Answers.empty() && (box == nullptr || Asks(*box))) Answers.removeFirst();
+        if (act) return act();
+        dialog->reject();
     }
 
     /// "question over a dialog, Yes preset: Title: text", "save dialog over the window: Title: path
@@ -239,14 +246,21 @@ struct TestWindow : testing::Test {
             text = QStringList{"message", "information", "warning", "error", "question"}[box->icon()];
         else
             text = files->fileMode() == QFileDialog::Directory ? "folder dialog" : "save dialog";
-        if (owner == nullptr || !owner->isVisible())
-            text += " without an owner";
-        else
-            text += owner == Window.get() ? " over the window" : " over a dialog";
+        text += owner == nullptr        ? " without an owner"
+                : !owner->isVisible()   ? " over what is hidden"
+                : owner == Window.get() ? " over the window"
+                                        : " over a dialog";
         if (QApplication::overrideCursor() != nullptr) text += ", busy pointer";
         if (files != nullptr && files->testOption(QFileDialog::ReadOnly)) text += ", cannot make folders";
         if (box != nullptr && Asks(*box)) text += ", " + box->defaultButton()->text().remove('&') + " preset";
         text += ": " + dialog.windowTitle() + ": ";
+        if (const auto* label = dialog.findChild<QLabel*>("qt_msgbox_label");
+            label != nullptr && label->minimumSizeHint().width() > label->width())
+            text += "but its text is cut: ";
+        if (dialog.fontMetrics().horizontalAdvance(dialog.windowTitle()) + 100 > dialog.width())
+            text += "but its caption is cut: ";
+        if (box != nullptr && box->textFormat() != Qt::PlainText)
+            text += "but signs in it do not stand for themselves: ";
         if (box != nullptr) return text + box->text();
         text += files->directory().filePath(Field(*files)->text());
         for (const QModelIndex& index :
@@ -257,12 +271,6 @@ struct TestWindow : testing::Test {
     }
 
     static bool Asks(const QMessageBox& box) { return box.standardButtons().testFlag(QMessageBox::Yes); }
-
-    void AnswerBox(const QMessageBox& box) {
-        if (!Asks(box)) return box.button(QMessageBox::Ok)->click();
-        const bool no = !Answers.empty() && Answers.takeFirst() == "no";
-        box.button(no ? QMessageBox::No : QMessageBox::Yes)->click();
-    }
 
     static QLineEdit* Field(const QFileDialog& dialog) {
         return dialog.findChild<QLineEdit*>("fileNameEdit");
@@ -276,15 +284,12 @@ struct TestWindow : testing::Test {
         const QModelIndex first = list.model()->index(0, 0, list.rootIndex());
         return list.model()->match(first, Qt::DisplayRole, name, 1, Qt::MatchExactly).value(0);
     }
-    /// The list that shows an entry of that name: that of the folder on display, or that beside it.
-    static QAbstractItemView* ListWith(const QFileDialog& dialog, const QString& entry) {
+    /// Where an entry of that name stands: in the list of the folder on display, or in that beside it.
+    static std::pair<QWidget*, QPoint> Find(const QFileDialog& dialog, const QString& entry) {
         for (const char* name : {"treeView", "sidebar"})
-            if (auto* list = dialog.findChild<QAbstractItemView*>(name); Entry(*list, entry).isValid())
-                return list;
-        return nullptr;
-    }
-    static QPoint Place(const QAbstractItemView& list, const QString& entry) {
-        return list.visualRect(Entry(list, entry)).center();
+            if (const auto* list = dialog.findChild<QAbstractItemView*>(name); Entry(*list, entry).isValid())
+                return {list->viewport(), list->visualRect(Entry(*list, entry)).center()};
+        return {};
     }
 
     /// What gets the keys: a list of completions comes before what has the focus.
@@ -293,66 +298,61 @@ struct TestWindow : testing::Test {
         return popup != nullptr ? popup : QApplication::focusWidget();
     }
 
-    /// True when what an answer needs is there.
-    bool IsReady(QFileDialog& dialog, const QString& answer) const {
+    /// What an answer does to a dialog; nothing while something that it needs is not there.
+    std::function<void()> ActFor(QDialog& dialog, const std::string& answer) {
+        if (const auto* box = qobject_cast<QMessageBox*>(&dialog)) {
+            const auto yes = answer == "no" ? QMessageBox::No : QMessageBox::Yes;
+            return [=] { box->button(Asks(*box) ? yes : QMessageBox::Ok)->click(); };
+        }
+        if (answer.empty() || answer == "cancel") return [&] { dialog.reject(); };
+        return ActFor(dynamic_cast<QFileDialog&>(dialog),
+                      QString::fromStdString(answer).replace("HOME", Home.c_str()));
+    }
+    std::function<void()> ActFor(QFileDialog& dialog, const QString& answer) {
         const QString does = answer.section(' ', 0, 0), name = answer.section(' ', 1);
-        if (does == "click") return Button(dialog, name) != nullptr || ListWith(dialog, name) != nullptr;
-        if (does == "drag") return ListWith(dialog, name.section(' ', 0, 0)) != nullptr;
-        if (does == "lose") {
-            fs::remove_all(dialog.directory().filePath(name).toStdString());
-            return ListWith(dialog, name) == nullptr;
-        }
-        QApplication::setActiveWindow(&dialog);
-        if (does == "press") return QApplication::focusWidget() != nullptr;
-        if (does == "down") {
-            const auto* completions = dynamic_cast<QAbstractItemView*>(QApplication::activePopupWidget());
-            return completions != nullptr && HasCompletion(*completions->model(), answer.section(' ', 2));
-        }
-        if (!Field(dialog)->hasFocus()) Field(dialog)->setFocus(); // as it is for whoever types
-        return Field(dialog)->hasFocus();
-    }
-    static bool HasCompletion(const QAbstractItemModel& model, const QString& name) {
-        return !model.match(model.index(0, 0), Qt::DisplayRole, name, 1, Qt::MatchExactly).empty();
-    }
+        const auto found = Find(dialog, name.section(" to ", 0, 0));
+        QAbstractButton* button = Button(dialog, name);
+        QLineEdit* field = Field(dialog);
+        if (does == "click" && button != nullptr) return [=] { button->click(); };
+        if (does == "click" && found.first != nullptr)
+            return [=] { QTest::mouseClick(found.first, Qt::LeftButton, {}, found.second); };
+        if (does == "drag" && found.first != nullptr)
+            return [=, &dialog] { Drag(found, Find(dialog, name.section(" to ", 1)).second); };
+        if (does == "lose") fs::remove_all(dialog.directory().filePath(name).toStdString());
+        if (does == "lose" && found.first == nullptr) return [] {};
+        if (QStringList{"click", "drag", "lose"}.contains(does)) return {};
 
-    void AnswerFileDialog(QFileDialog& dialog) {
-        QString answer = QString::fromStdString(Answers.empty() ? "cancel" : Answers.takeFirst());
-        answer.replace("HOME", Home.c_str());
-        const QString does = answer.section(' ', 0, 0), name = answer.section(' ', 1);
-        if (answer == "cancel") return dialog.reject();
-        if (does == "lose") return;
-        if (does == "press") return Press(name);
-        if (does == "down") {
-            for (int i = 0; i < 10 && !Field(dialog)->text().endsWith(name.section(' ', 1)); ++i)
-                Press("Down");
-            return;
-        }
-        if (does == "click") {
-            if (QAbstractButton* button = Button(dialog, name)) return button->click();
-            const QAbstractItemView& list = *ListWith(dialog, name);
-            return QTest::mouseClick(list.viewport(), Qt::LeftButton, {}, Place(list, name));
-        }
-        if (does == "drag") return Drag(dialog, name.section(" to ", 0, 0), name.section(" to ", 1));
-        if (does != "type" && answer != "accept") Field(dialog)->selectAll();
-        for (const QChar letter : does == "type" ? name : answer == "accept" ? "" : answer)
-            QTest::keyClick(Keyboard(), letter.toLatin1());
-        if (does != "type") Press("Return");
+        QApplication::setActiveWindow(&dialog);
+        if (does == "press" && QApplication::focusWidget() != nullptr) return [=] { Press(name); };
+        const QString completion = name.section(' ', 1), typed = field->completer()->completionPrefix();
+        const auto* list = dynamic_cast<QAbstractItemView*>(QApplication::activePopupWidget());
+        if (does == "down" && list != nullptr && (completion == typed || Entry(*list, completion).isValid()))
+            return [=] {
+                do Press("Down");
+                while (!field->text().endsWith(completion));
+            };
+        if (does == "press" || does == "down") return {};
+
+        field->setFocus(); // as it is for whoever types
+        if (!field->hasFocus()) return {};
+        return [=] {
+            if (does != "type" && answer != "accept") field->selectAll();
+            for (const QChar letter : does == "type" ? name : answer == "accept" ? "" : answer)
+                QTest::keyClick(Keyboard(), letter.toLatin1());
+            if (does != "type") Press("Return");
+        };
     }
     static void Press(const QString& key) {
         const QKeyCombination keys = QKeySequence(key)[0];
         QTest::keyClick(Keyboard(), keys.key(), keys.keyboardModifiers());
     }
-    static void Drag(const QFileDialog& dialog, const QString& entry, const QString& target) {
-        const QAbstractItemView& list = *ListWith(dialog, entry);
-        const QPoint from = list.viewport()->mapTo(&dialog, Place(list, entry)),
-                     to = list.viewport()->mapTo(&dialog, Place(list, target));
-        QTest::mousePress(dialog.windowHandle(), Qt::LeftButton, {}, from);
-        QTest::mouseMove(dialog.windowHandle(), (from + to) / 2);
-        QTimer::singleShot(50, &dialog, [&dialog, to] {
-            QTest::mouseMove(dialog.windowHandle(), to);
-            QTest::mouseRelease(dialog.windowHandle(), Qt::LeftButton, {}, to);
-        });
-        QTest::mouseMove(dialog.windowHandle(), to);
+    static void Drag(std::pair<QWidget*, QPoint> from, QPoint to) {
+        QWindow* window = from.first->window()->windowHandle(); // dragging takes events of windows alone
+        const QPoint corner = from.first->mapTo(from.first->window(), QPoint());
+        QTest::mousePress(window, Qt::LeftButton, {}, corner + from.second);
+        QTimer::singleShot(50, window, [=] { QTest::mouseRelease(window, Qt::LeftButton, {}, corner + to); });
+        for (const int part : {2, 1})
+            QTest::mouseMove(window, corner + (from.second + to * (3 - part)) / (4 - part));
     }
 
     QString Dialogs;

@@ -64,10 +64,6 @@ def keys(*names):
     run('xdotool', 'key', '--delay', '20', *names)
 
 
-def click(window_id, x, y):
-    run('xdotool', 'mousemove', '--sync', '--window', window_id, str(x), str(y), 'click', '1')
-
-
 def type_text(text):
     run('xdotool', 'type', '--delay', '4', text)
 

@@ -21,56 +21,98 @@ TEST_F(TestWindow, ShowsEverythingInItsPlace) {
               "&Open Ctrl+O, -, &Export , Export All , -, E&xit , "
               "Episode &1 Ctrl+Shift+F1, Episode &2 Ctrl+Shift+F2, Episode &3 Ctrl+Shift+F3, -, "
               "&Maps Ctrl+M, &Walls/Sprites Ctrl+W, &Sounds Ctrl+D");
-    Do("Walls/Sprites");
+    EXPECT_EQ(Window->windowIcon().availableSizes(), (QList{QSize(16, 16), QSize(32, 32)}));
+    EXPECT_EQ(Get("picMap").accessibleName().toStdString(), "Map 0");
+    Do("Walls/Sprites, Group 3, image 0, Group 3");
+    EXPECT_EQ(Get("pic").accessibleName().toStdString(), "Group 3 image 0, 3 x 3");
     for (const char* next : {"lstImage", "pic", "txt", "lstGroup"}) {
         Do("Tab");
         EXPECT_EQ(QApplication::focusWidget()->objectName().toStdString(), next);
     }
-}
-
-TEST_F(TestWindow, HasAnIconAndTellsWhatItsPicturesShow) {
-    StartOnSample();
-    EXPECT_EQ(Window->windowIcon().availableSizes(), (QList{QSize(16, 16), QSize(32, 32)}));
-    Do("Walls/Sprites, Group 3, image 0, Maps, Map 1");
-    EXPECT_EQ(Get("picMap").accessibleName().toStdString(), "Map 1");
-    EXPECT_EQ(Get("pic").accessibleName().toStdString(), "Group 3 image 0, 3 x 3");
-}
-
-TEST_F(TestWindow, NeverChangesTheFontOfTheCodes) {
-    StartOnSample();
-    auto& codes = Get<QPlainTextEdit>("txt");
+    auto& codes = Get<QPlainTextEdit>("txt"); // whose letters stay as they are
     const QFont font = codes.font();
-    QWheelEvent twoNotches({20, 20}, codes.mapToGlobal(QPointF(20, 20)), {}, {0, -240}, {},
-                           Qt::ControlModifier, Qt::NoScrollPhase, false);
-    QApplication::sendEvent(codes.viewport(), &twoNotches);
+    QWheelEvent zoom({9, 9}, {9, 9}, {}, {0, -240}, {}, Qt::ControlModifier, Qt::NoScrollPhase, false);
+    QApplication::sendEvent(codes.viewport(), &zoom);
     EXPECT_EQ(codes.font(), font);
+}
+
+TEST_F(TestWindow, KeepsThePaletteWhenAnEpisodeIsChosen) {
+    StartOnSample();
+    GameDir.Write("GAME.PAL", "");
+    EXPECT_EQ(Do("Walls/Sprites, Episode 2"), "Walls/Sprites, exports, episodes 1 2* 3");
 }
 
 // Wine's offscreen windows have no fonts and do not close the toolkit's file dialogs; the tour answers the
 // desktop's.
 #ifndef _WIN32
-/// The colour behind the selected entry of a list.
-static std::string BehindSelected(const QListWidget& list) {
-    const QRect entry = list.visualItemRect(list.currentItem());
-    const QImage shown = list.viewport()->grab().toImage();
-    return shown.pixelColor(entry.right() - 2, entry.center().y()).name().toStdString();
+/// A window in three colours, so that its parts can be told apart.
+struct ColoredWindow : TestWindow {
+    ColoredWindow() {
+        StartOnSample();
+        QPalette palette(Paper, Paper);
+        for (const auto role : {QPalette::WindowText, QPalette::Text}) palette.setColor(role, Ink);
+        palette.setColor(QPalette::Highlight, Marker);
+        Window->setPalette(palette);
+    }
+
+    /// True when a colour is seen somewhere in a part of a widget.
+    [[nodiscard]] bool Shows(const char* widget, const QColor& color, QRect where) const {
+        const QImage shown = Get(widget).grab(where).toImage();
+        for (int x = 0; x < shown.width(); ++x)
+            for (int y = 0; y < shown.height(); ++y)
+                if (shown.pixelColor(x, y) == color) return true;
+        return false;
+    }
+
+    const QColor Paper = "#ffffff", Ink = "#ff0000", Marker = "#0a64c8", WeakMarker = "#9dc1e9";
+};
+
+TEST_F(ColoredWindow, HasFramesWithACaptionInTheLine) {
+    Do("Walls/Sprites");
+    const int right = Get("fra1").width() - 2, bottom = Get("fra1").height() - 2;
+    int top = 0;
+    while (!Shows("fra1", Paper.darker(150), {300, top, 1, 1})) ++top;
+    for (const int line : {top - 3, top + 3}) EXPECT_TRUE(Shows("fra1", Ink, {5, line, 90, 1}));
+    EXPECT_TRUE(Shows("fra1", Paper, {5, top, 90, 1})) << "there is room for the caption";
+    for (const QRect& side :
+         {QRect(0, top, 5, 1), QRect(110, top, right - 110, 1), QRect(0, top, 1, bottom - top),
+          QRect(right, top, 1, bottom - top), QRect(0, bottom, right, 1)})
+        EXPECT_FALSE(Shows("fra1", Paper, side)) << "the line goes all around";
 }
 
-TEST_F(TestWindow, MarksTheListThatHasTheKeyboard) {
+TEST_F(ColoredWindow, MarksWhatHasTheKeyboard) {
+    const QRect pic = Get("pic").geometry();
+    Do("Walls/Sprites, Group 2");
+    EXPECT_TRUE(Shows("lstGroup", Marker, {2, 2, 70, 20}) && Shows("lstImage", WeakMarker, {2, 2, 30, 20}));
+    EXPECT_FALSE(Shows("lstGroup", Ink, {2, 2, 77, 12}) || Shows("fra1", Marker, pic.adjusted(-3, -3, 3, 3)));
+    Do("Tab");
+    EXPECT_TRUE(Shows("lstGroup", WeakMarker, {2, 2, 70, 20}) && Shows("lstImage", Marker, {2, 2, 30, 20}));
+    EXPECT_TRUE(Shows("lstGroup", Ink, {2, 2, 60, 12}));
+    EXPECT_FALSE(Shows("lstGroup", WeakMarker, {2, 18, 70, 400})) << "one entry is marked";
+    for (const char* framed : {"lstGroup", "txt"}) EXPECT_FALSE(Shows(framed, Paper, {0, 0, 1, 150}));
+    EXPECT_FALSE(Shows("lstGroup", Ink, {70, 2, 9, 442})) << "no text is cut";
+    Do("Tab");
+    for (const QRect& side :
+         {pic.adjusted(0, -2, 0, 1 - pic.height()), pic.adjusted(0, pic.height() - 1, 0, 2),
+          pic.adjusted(-2, 0, 1 - pic.width(), 0), pic.adjusted(pic.width() - 1, 0, 2, 0)})
+        EXPECT_TRUE(Shows("fra1", Marker, side)) << "the mark goes all around the picture";
+    EXPECT_FALSE(Shows("fra1", Marker, pic)) << "the mark covers nothing of it";
+}
+
+TEST_F(TestWindow, SelectsByTheMouseInLists) {
     StartOnSample();
-    const auto &groups = Get<QListWidget>("lstGroup"), &images = Get<QListWidget>("lstImage");
-    for (const auto& [base, weaker] :
-         std::map<QString, std::string>{{"#ffffff", "#9dc1e9"}, {"#141e28", "#103a68"}}) {
-        QPalette palette;
-        palette.setColor(QPalette::Base, base);
-        palette.setColor(QPalette::Highlight, "#0a64c8");
-        palette.setColor(QPalette::Inactive, QPalette::Highlight, base); // as some desktops have it
-        for (const char* list : Lists) Get(list).setPalette(palette);
-        Do("Walls/Sprites, Group 2");
-        EXPECT_EQ(BehindSelected(groups) + BehindSelected(images), "#0a64c8" + weaker);
-        Do("image 0");
-        EXPECT_EQ(BehindSelected(groups) + BehindSelected(images), weaker + "#0a64c8");
-    }
+    auto& list = Get<QListWidget>("lstMap");
+    const auto place = [&](int row) { return list.visualItemRect(list.item(row)).center(); };
+    const std::string open = ", Maps, episodes 1* 2 3"; // the map selected is shown
+    QTest::mousePress(list.viewport(), Qt::LeftButton, {}, place(0));
+    QTest::mouseMove(list.viewport(), {5, 400}); // past the end
+    EXPECT_EQ(Screen()["lstMap"] + ", " + Seen(), "Map 0, Map 1, Map 2*" + open);
+    QTest::mouseRelease(list.viewport(), Qt::LeftButton, {}, {5, 400});
+    QTest::mouseClick(list.viewport(), Qt::RightButton, {}, place(0));
+    EXPECT_EQ(Chosen("lstMap"), 2);
+    QTest::mouseClick(list.viewport(), Qt::LeftButton, {}, place(1));
+    QTest::mouseDClick(list.viewport(), Qt::LeftButton, {}, place(0)); // its second press is elsewhere
+    EXPECT_EQ(Screen()["lstMap"] + ", " + Seen(), "Map 0*, Map 1, Map 2" + open);
 }
 
 /// Dialogs and boxes as they are told.
@@ -90,10 +132,16 @@ static std::string AskedToSave(const std::string& kind, const std::string& name)
 
 TEST_F(TestWindow, AsksForTheFolderAtTheFirstStart) {
     const std::string asked = AskedForGame("HOME", "without an owner");
+    Sample.Write(GameDir);
+    EXPECT_EQ(StartAsItIs({GameDir.Path}), "Maps, episodes 1* 2 3" + asked); // no settings file
+    EXPECT_EQ(Settings(), "[Settings]\r\nOpenPath=" + GameDir.Path + "\r\n");
+    fs::remove(GameDir / "GAME.PAL");
     EXPECT_EQ(Start(""), "empty" + asked); // cancelled
     EXPECT_EQ(Do("Walls/Sprites"), "empty");
     EXPECT_EQ(Start("", {GameDir.Path}), "empty" + asked + Missing("GAME/GAME.PAL", "without an owner"));
     EXPECT_EQ(Settings(), "[Settings]\r\nOpenPath=\r\n");
+    // A folder that is gone is not asked for, and told as it is called.
+    EXPECT_EQ(Start(GameDir / "line\nend"), "empty" + Missing("GAME/line\nend/GAME.PAL", "without an owner"));
     Sample.Write(GameDir);
     EXPECT_EQ(Start("\r\n[B]\r\n;" + std::string(9000, 'x'), {GameDir.Path}),
               "Maps, episodes 1* 2 3" + asked);
@@ -101,8 +149,10 @@ TEST_F(TestWindow, AsksForTheFolderAtTheFirstStart) {
     Sample.Maps[0].fill({2, 0});
     Sample.Write(GameDir);
     EXPECT_EQ(Do("Maps, Home"), "Maps, episodes 1* 2 3"); // read again, though selected before
+    ProgramFolder.Write("viewer.ini", ";mine");
     Do("Exit");
     EXPECT_FALSE(Window->isVisible());
+    EXPECT_EQ(Settings(), ";mine");
 }
 
 TEST_F(TestWindow, RemembersAFolderWhateverItIsCalled) {
@@ -133,9 +183,23 @@ TEST_F(TestWindow, EndsEmptyWhenAnEpisodeFails) {
                       "empty Walls/Sprites, episode 2 is checked" + (gone ? Missing("GAME/" + name) : ""));
             for (const char* part : {"lstMap", "lstGroup", "lstImage", "lstSound", "picMap", "pic"})
                 EXPECT_EQ(Screen()[part], "nothing") << part;
+            EXPECT_EQ(Screen()["txt"].substr(0, 10), "0xA2 0x00 ");
             EXPECT_EQ(Do("Open", {"accept"}),
                       (gone ? "Maps, episodes 1* 3" : "Maps, episodes 1* 2 3") + AskedForGame("GAME"));
         }
+}
+
+TEST_F(TestWindow, OpensNoFolderThatLacksAFile) {
+    Sample.Write(GameDir);
+    for (const std::string name : {"GAME.PAL", "UIF.DAT", "SND.DAT", "IMG.1", "MAP.1"}) {
+        Start(GameDir.Path);
+        fs::rename(GameDir / name, GameDir / "away");
+        EXPECT_EQ(Do("Sounds, Open", {"accept"}),
+                  "empty Sounds, episode 1 is checked" + AskedForGame("GAME") + Missing("GAME/" + name));
+        fs::rename(GameDir / "away", GameDir / name);
+    }
+    EXPECT_EQ(Do("Open", {"/"}),
+              "empty Sounds, episode 1 is checked" + AskedForGame("GAME") + Missing("/GAME.PAL"));
 }
 
 TEST_F(TestWindow, KeepsPictureAndCodesInAGroupWithoutImages) {
@@ -155,69 +219,41 @@ TEST_F(TestWindow, KeepsPictureAndCodesInAGroupWithoutImages) {
     fs::resize_file(GameDir / "MAP.1", 0);
     Do("Open", {"accept"});
     EXPECT_EQ(State(), "Maps, episodes 2 3, episode 1 is checked");
-}
-
-TEST_F(TestWindow, OpensTheFolderOnDisplay) {
     Sample.Write(GameDir);
-    fs::create_directories(GameDir / "some/folder");
-    Start(GameDir / "some/");
-    Meanwhile = [](QDialog& dialog) { // goes up, with a name in the field and a folder selected
-        dialog.findChild<QLineEdit*>("fileNameEdit")->setText("left over");
-        dialog.findChild<QTreeView*>("treeView")->setFocus();
-        dialog.findChild<QTreeView*>("treeView")->selectAll();
-        dialog.findChild<QToolButton*>("toParentButton")->click();
-    };
-    EXPECT_EQ(Do("Open", {"accept"}), "Maps, episodes 1* 2 3" + AskedForGame("GAME/some"));
-}
-
-TEST_F(TestWindow, AsksBeforeItWritesAFile) {
-    StartOnSample();
-    ProgramFolder.Write("old.mid", "old");
-    const std::string sounds = Do("Sounds"), create = AskedToCreate("PROGRAM/new.mid");
-    const std::string replace = "\nwarning over a dialog, No preset: Confirm Save As: "
-                                "PROGRAM/old.mid already exists.\nDo you want to replace it?";
-    EXPECT_EQ(Do("Export", {"old", "no", "new", "no", "accept"}),
-              sounds + AskedToSave("MIDI", "Song 002.mid") + replace + AskedToSave("MIDI", "old") + create +
-                  AskedToSave("MIDI", "new") + create);
-    EXPECT_EQ(TextOf(ProgramFolder / "old.mid"), "old");
-    // A folder is entered, and the field holds the name that was proposed, or typed before.
-    fs::create_directory(ProgramFolder / "sub");
-    EXPECT_EQ(Do("Export", {"sub/"}),
-              sounds + AskedToSave("MIDI", "Song 002.mid") + AskedToSave("MIDI", "sub/Song 002.mid"));
-    const std::string missing =
-        "\nwarning over a dialog: Save MIDI As...: PROGRAM/no\nThere is no such folder.";
-    EXPECT_EQ(Do("Export", {"no/new", "sub"}), sounds + AskedToSave("MIDI", "Song 002.mid") + missing +
-                                                   AskedToSave("MIDI", "no/new") +
-                                                   AskedToSave("MIDI", "sub/new"));
-    for (const std::size_t letters : {240U, 300U}) // read by whoever looks at every box
-        EXPECT_NE(
-            Do("Export", {std::string(letters, 'W'), "no"}).find(letters > 255 ? "too long" : "create it"),
-            std::string::npos);
+    fs::resize_file(GameDir / "SND.DAT", 0);
+    Do("Open, Sounds, Export", {"accept"}); // of no sound
+    EXPECT_EQ(State(), "Sounds, exports, episodes 1* 2 3");
 }
 
 TEST_F(TestWindow, ExportsTheItemInView) {
     StartOnSample();
     Contents files = Sample.ImageFiles(1);
     files.merge(Sample.SoundFiles());
-    struct ExportCase {
-        std::string Entry, Kind, File;
-    };
     for (const auto& [entry, kind, file] :
-         {ExportCase{"Walls/Sprites, image 2", "Image", "Picture 1-002-03.bmp"},
-          {"Sounds, InstBank 9", "Instrument Bank", "Morvane.ibk"},
-          {"Sounds, MIDI 2", "MIDI", "Song 002.mid"},
-          {"Sounds, VOC 17", "VOC", "Sound 017.voc"}}) {
-        const std::string shown = Do(entry);
+         std::vector<std::array<std::string, 3>>{{"Walls/Sprites, image 2", "Image", "Picture 1-002-03.bmp"},
+                                                 {"Sounds, InstBank 9", "Instrument Bank", "Morvane.ibk"},
+                                                 {"Sounds, MIDI 2", "MIDI", "Song 002.mid"},
+                                                 {"Sounds, VOC 17", "VOC", "Sound 017.voc"}}) {
+        const std::string shown = Do(entry), pattern = " (*" + fs::path(file).extension().string() + ")";
+        QStringList filters;
+        Meanwhile = [&](QDialog& dialog) {
+            filters = static_cast<QFileDialog&>(dialog).nameFilters();
+            filters += dialog.findChild<QComboBox*>("fileTypeCombo")->currentText();
+        };
         EXPECT_EQ(Do("Export", {"accept"}),
                   shown + AskedToSave(kind, file) + AskedToCreate("PROGRAM/" + file));
         EXPECT_EQ(ProgramFolder.Files()[file], files[file]);
+        EXPECT_EQ(filters.join("|").section(" Files", 1).toStdString(),
+                  pattern + pattern + "|All Files (*.*) (*)|" + (kind == "Image" ? "Bitmap" : kind) +
+                      " Files" + pattern);
     }
 }
 
 TEST_F(TestWindow, ExportsAllOfTheView) {
     Sample.Groups[8].SharesLower = true;
+    Sample.Groups[9].Offset = -5;
     StartOnSample();
-    Sample.Groups.erase(8);
+    for (const int unlisted : {8, 9}) Sample.Groups.erase(unlisted);
     const TempFolder target;
     target.Write("Sound 017.voc", std::string(9000, 'x'));
     EXPECT_EQ(Do("Episode 2, Sounds, Export All", {target.Path + "/"}),
@@ -242,12 +278,14 @@ TEST_F(TestWindow, KeepsTogetherWhatBelongsTogether) {
         return words[random.bounded(words.size())].toStdString();
     };
     const QString actions =
-        "Map 0,Map 1,Map 60,Group 3,Group 7,image 0,image 1,MIDI 2,VOC 17,Up,Down,Home,End,PgUp,"
+        "Map 0 if listed,Map 1 if listed,Map 60 if listed,Group 3 if listed,Group 7 if listed,"
+        "image 0 if listed,image 1 if listed,MIDI 2 if listed,VOC 17 if listed,Up,Down,Home,End,PgUp,"
         "Tab,Space,G,Maps,Walls/Sprites,Walls/Sprites,Sounds,Open,Open,Episode 1,Episode 2,Episode 3";
     const TempFolder otherFolder;
     SampleGame game = Sample, otherGame = Sample;
     otherGame.Groups.erase(2);
     otherGame.Maps.resize(70);
+    for (auto& color : otherGame.Colors) std::swap(color.Red, color.Green);
     otherGame.Write(otherFolder, {1, 3});
     StartOnSample();
     bool other = false; // the game last opened
