@@ -142,6 +142,7 @@ TEST_F(TestWindow, AsksForTheFolderAtTheFirstStart) {
     EXPECT_EQ(Settings(), "[Settings]\r\nOpenPath=\r\n");
     // A folder that is gone is not asked for, and told as it is called.
     EXPECT_EQ(Start(GameDir / "line\nend"), "empty" + Missing("GAME/line\nend/GAME.PAL", "without an owner"));
+    EXPECT_EQ(Do("Open"), "empty" + AskedForGame("GAME")); // the nearest one
     Sample.Write(GameDir);
     EXPECT_EQ(Start("\r\n[B]\r\n;" + std::string(9000, 'x'), {GameDir.Path}),
               "Maps, episodes 1* 2 3" + asked);
