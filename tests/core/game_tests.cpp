@@ -7,8 +7,6 @@
 #include "modAddBMPHeader.h"
 #include "modPicture.h"
 
-#include <regex>
-
 using namespace morvane;
 
 constexpr Pixel Black = 0xFF000000, Green = 0xFF00A800, White = 0xFFFCFCFC;
@@ -118,7 +116,7 @@ TEST_F(GameTest, SymbolsAreDefinedAsWritten) {
         "[Plane 0]\r1= x ,RED4, a, b\r1=,RED2,late\r2=x,RED4zz,\r"
         "3=x,RED,too short\r4=x,REDG,no digit\r5=x, RED4,blank\r6=x,RED4\r7=\r08=x,RED4,\r"
         "[plane 0]\r9=,RED4,\r[Plane 1]\r10=,RED4,\r0=,RED4,zero\r255=,RED4,last";
-    Folder.Write("Episode3.tsd", std::regex_replace(file, std::regex("RED"), std::string(48, '4')));
+    Folder.Write("Episode3.tsd", Replaced(file, "RED", std::string(48, '4')));
     EXPECT_TRUE(LoadMapSymbols(Folder.Path, 3));
     const auto& [plane0, plane1] = MapSymbols;
     const std::string red(49, '4'), white(49, 'F');

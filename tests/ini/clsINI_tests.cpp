@@ -2,7 +2,6 @@
 #include "clsINI.h"
 
 #include <functional>
-#include <regex>
 
 using namespace morvane;
 
@@ -20,7 +19,7 @@ struct IniTest : testing::Test {
 };
 
 /// A text with line ends for "|".
-std::string Lines(const std::string& text) { return std::regex_replace(text, std::regex("\\|"), "\r\n"); }
+std::string Lines(const std::string& text) { return Replaced(text, "|", "\r\n"); }
 
 TEST_F(IniTest, LinesBecomeSectionsAndSortedKeys) {
     // What is loaded, and the lines of what is saved.

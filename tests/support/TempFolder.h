@@ -18,6 +18,13 @@ using ByteVector = std::vector<std::uint8_t>;
 /// Contents by the names of what holds them: files, parts of the screen.
 using Contents = std::map<std::string, std::string>;
 
+/// A text with another one everywhere in the place of a part of it.
+inline std::string Replaced(std::string text, const std::string& part, const std::string& by) {
+    for (std::size_t at = 0; (at = text.find(part, at)) != std::string::npos; at += by.size())
+        text.replace(at, part.size(), by);
+    return text;
+}
+
 /// Tells what is seen otherwise than wanted, a line for each.
 inline std::string Differences(const Contents& seen, const Contents& wanted) {
     const auto shown = [](const Contents& contents, const std::string& name) {
