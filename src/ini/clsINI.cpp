@@ -6,7 +6,6 @@
 
 #include <algorithm>
 #include <array>
-#include <optional>
 #include <utility>
 
 namespace morvane {
@@ -26,13 +25,11 @@ std::int32_t FindName(const auto& list, std::string_view name) {
     return found == list.end() ? -1 : static_cast<std::int32_t>(found - list.begin());
 }
 
-/// True when a new key of this name must stand before another one. One whose name is a number stands before
-/// greater numbers and all other names, any other before names that are greater byte by byte.
-bool StandsBefore(std::string_view name, std::string_view other) {
-    const std::optional<std::int32_t> number = WholeNumber(name).Value;
-    if (!number) return name < other;
-    const std::optional<std::int32_t> otherNumber = WholeNumber(other).Value;
-    return !otherNumber || *number < *otherNumber;
+/// True when a new key must stand before another one. One whose name is a number stands before greater
+/// numbers and all other names, any other before names that are greater byte by byte.
+bool StandsBefore(const IniKey& key, const IniKey& other) {
+    if (!key.Number) return key.Name < other.Name;
+    return !other.Number || *key.Number < *other.Number;
 }
 
 /// Appends the content of a file to the text. After a failure the text holds what was read before it.
@@ -63,7 +60,10 @@ std::string clsINI::KeyName(std::string_view sectionName, std::int32_t keyNum) c
 
 void clsINI::KeyName(std::string_view sectionName, std::int32_t keyNum, std::string newName) {
     const std::int32_t section = FindSection(sectionName);
-    if (section >= 0) At(At(Sections, section).Keys, keyNum).Name = std::move(newName);
+    if (section < 0) return;
+    IniKey& key = At(At(Sections, section).Keys, keyNum);
+    key.Number = WholeNumber(newName).Value;
+    key.Name = std::move(newName);
 }
 
 void clsINI::SaveFile() const {
@@ -199,11 +199,10 @@ std::int32_t clsINI::AddSection(std::string sectionName) {
 /// Inserts a key at its sorted place, also when there is one of that name. Returns its index.
 std::int32_t clsINI::AddKey(std::int32_t section, std::string keyName, std::string value) {
     std::vector<IniKey>& keys = At(Sections, section).Keys;
+    IniKey added{keyName, std::move(value), WholeNumber(keyName).Value};
     const auto place =
-        std::ranges::find_if(keys, [&](const IniKey& key) { return StandsBefore(keyName, key.Name); });
-    const auto index = static_cast<std::int32_t>(place - keys.begin());
-    keys.insert(place, {std::move(keyName), std::move(value)});
-    return index;
+        std::ranges::find_if(keys, [&](const IniKey& key) { return StandsBefore(added, key); });
+    return static_cast<std::int32_t>(keys.insert(place, std::move(added)) - keys.begin());
 }
 
 } // namespace morvane

@@ -4,6 +4,7 @@
 
 #include <cstdint>
 #include <functional>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -13,6 +14,7 @@ namespace morvane {
 struct IniKey {
     std::string Name;
     std::string Value;
+    std::optional<std::int32_t> Number; ///< what the name is as a number, if it is one
 };
 
 struct IniSection {

@@ -120,3 +120,10 @@ TEST_F(IniTest, WhatIsNoFileLoadsAsNothingAndFailedSavesAreShown) {
     }
     clsINI().SaveFile(); // nobody to tell
 }
+
+TEST_F(IniTest, ARenamedKeyIsTheNumberThatItsNewNameIs) {
+    clsINI ini = Loaded("[S]\r5=");
+    ini.KeyName("S", 0, "x");
+    ini.WriteValue("S", "7", "");
+    EXPECT_EQ(TextOf(Folder / "test.ini"), Lines("[S]|7=|x=|"));
+}
