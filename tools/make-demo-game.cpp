@@ -12,6 +12,7 @@
 #include <iterator>
 #include <regex>
 #include <set>
+#include <string_view>
 
 namespace {
 
@@ -112,8 +113,21 @@ void PackSounds(const std::string& folder, Game& game) {
     game["SND.DAT"] = encode::EncodeEntryTable(entries, encode::SoundEntryCount);
 }
 
+constexpr const char* MarkName = "DEMO.TXT";
+constexpr std::string_view MarkText =
+    "the demo game of Morvane Extractor, packed by make-demo-game, which may replace it\n";
+
+/// True for a folder that is missing, empty, or marked as one that holds a packed demo game.
+bool MayBeReplaced(const std::string& folder) {
+    return !std::filesystem::exists(folder) || std::filesystem::exists(JoinPath(folder, MarkName)) ||
+           (std::filesystem::is_directory(folder) && std::filesystem::is_empty(folder));
+}
+
 void MakeGame(const std::string& demo, const std::string& folder) {
+    Require(MayBeReplaced(folder),
+            folder + ": is not empty and holds no " + MarkName + "; nothing is written");
     Game game;
+    game[MarkName].assign(MarkText.begin(), MarkText.end());
     PackImages(JoinPath(demo, "images"), game);
     PackMaps(JoinPath(demo, "maps"), game);
     PackSounds(JoinPath(demo, "sounds"), game);

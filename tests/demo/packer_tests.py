@@ -1,5 +1,5 @@
 #!/usr/bin/env python3
-# The packer of the demo game: a good folder is packed; a bad file is named and nothing is written.
+# The packer of the demo game: a good folder is packed; a bad file is named and nothing is written, nor over another game.
 #
 # usage: packer_tests.py MAKE-DEMO-GAME DEMO-FOLDER SCRATCH-FOLDER; the packed game is left in SCRATCH-FOLDER/game
 import shutil
@@ -32,6 +32,11 @@ for name, spoil, message in BAD:
     (copy / name).write_bytes(spoil(good))
     assert pack() == (1, 'make-demo-game: %s: %s' % (copy / name, message), False), (message, pack())
     (copy / name).write_bytes(good)
+game.mkdir()
+(game / 'GAME.PAL').write_bytes(b'of a real game')
+refused = 'make-demo-game: %s: is not empty and holds no DEMO.TXT; nothing is written' % game
+assert pack() == (1, refused, True) and [path.read_bytes() for path in game.iterdir()] == [b'of a real game'], pack()
+(game / 'GAME.PAL').unlink()
 assert pack() == (0, '', True)
 for path in copy.glob('*/* 3-*'):
     path.unlink()
