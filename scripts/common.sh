@@ -34,12 +34,14 @@ check_layout() {
     git ls-files -z '*.cpp' '*.h' | xargs -0 clang-format --dry-run --Werror
 }
 
-# Configures a preset and builds it, or only the targets named after it. Warnings are errors here.
+# Configures a preset and builds it, or only the targets named after it. Warnings are errors here. What was built in
+# another place, before the folder was moved or copied, is configured anew.
 build() {
-    local preset=$1
+    local preset=$1 fresh=()
     shift
     say "Building the $preset preset"
-    cmake --preset "$preset" -DCMAKE_COMPILE_WARNING_AS_ERROR=ON > /dev/null
+    grep -qsxF "CMAKE_HOME_DIRECTORY:INTERNAL=$PWD" "build/$preset/CMakeCache.txt" || fresh=(--fresh)
+    cmake --preset "$preset" "${fresh[@]}" -DCMAKE_COMPILE_WARNING_AS_ERROR=ON > /dev/null
     cmake --build --preset "$preset" ${1:+--target "$@"}
 }
 
@@ -53,8 +55,14 @@ put_together() {
     echo "$folder"
 }
 
+# Packs the demo game into build/demo, over one that was packed before there was a mark.
+pack_demo() {
+    [ -e build/demo/DEMO.TXT ] || rm -rf build/demo
+    build/release/tools/make-demo-game demo build/demo
+}
+
 # Tours a program folder with the demo game, in a virtual display of its own; output goes into a folder.
 tour() {
-    build/release/tools/make-demo-game demo build/demo
+    pack_demo
     PYTHONDONTWRITEBYTECODE=1 python3 tests/tour/tour.py "$1" build/demo demo "$2"
 }
