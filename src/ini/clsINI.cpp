@@ -199,7 +199,8 @@ std::int32_t clsINI::AddSection(std::string sectionName) {
 /// Inserts a key at its sorted place, also when there is one of that name. Returns its index.
 std::int32_t clsINI::AddKey(std::int32_t section, std::string keyName, std::string value) {
     std::vector<IniKey>& keys = At(Sections, section).Keys;
-    IniKey added{keyName, std::move(value), WholeNumber(keyName).Value};
+    const std::optional<std::int32_t> number = WholeNumber(keyName).Value;
+    IniKey added{std::move(keyName), std::move(value), number};
     const auto place =
         std::ranges::find_if(keys, [&](const IniKey& key) { return StandsBefore(added, key); });
     return static_cast<std::int32_t>(keys.insert(place, std::move(added)) - keys.begin());
