@@ -55,7 +55,7 @@ TEST_F(GameTest, TheImageDirectoryHasGroupsAndTheirImages) {
 }
 
 TEST_F(GameTest, AnImageIsDecodedIntoTheBytesOfABMPFile) {
-    const encode::Image large{255, 255, 0, 0, ByteVector(255 * 255, 7)};
+    const encode::Image large{255, 255, 0, 0, ByteVector(std::size_t{255} * 255, 7)};
     Sample.Groups[12].Images = {{0, 9, 0, 0, {}}, large, {3, 2, 0, 0, {1, 3, 5, 2, 4, 6}}};
     Sample.Write(Folder, {1});
     ReadImageArchive(Game, Groups);
