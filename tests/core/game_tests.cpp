@@ -27,7 +27,9 @@ TEST_F(GameTest, PathsAndNamesHoldTheEpisode) {
 }
 
 TEST_F(GameTest, BytesOutsideAFileReadAsZeros) {
-    EXPECT_EQ(FailureOf([&] { GameFile(Game, "MAP.%EP%"); }).Description, Folder / "MAP.1" + " not found.");
+    const Failure missing = FailureOf([&] { GameFile(Game, "MAP.%EP%"); });
+    EXPECT_EQ(std::tuple(missing.Number, missing.Source), std::tuple(53, "core_tests"));
+    EXPECT_EQ(missing.Description, Folder / "MAP.1" + " not found.");
     const std::string padded("\0\0\0\0\0abc\0\0\0\0\0", 13);
     Folder.Write("game.pal", "abc"); // found in another case
     for (std::size_t start = 0; start < 9; ++start) {
@@ -40,7 +42,7 @@ TEST_F(GameTest, BytesOutsideAFileReadAsZeros) {
 TEST_F(GameTest, TheImageDirectoryHasGroupsAndTheirImages) {
     Sample.Groups[2].Codes[89] = 77;
     Sample.Groups[3].SharesLower = true;
-    Sample.Groups[8].Offset = -5;
+    Sample.Groups[8] = {{}, {}, false, 1, -5};
     Sample.Groups[9] = {{}, {}, false, 2, 48128}; // group 2's offset, and not its neighbour's
     Sample.Groups[511] = {{}, {}, false, 255, INT32_MAX};
     Sample.Write(Folder, {1});
@@ -56,14 +58,14 @@ TEST_F(GameTest, TheImageDirectoryHasGroupsAndTheirImages) {
 
 TEST_F(GameTest, AnImageIsDecodedIntoTheBytesOfABMPFile) {
     const encode::Image large{255, 255, 0, 0, ByteVector(std::size_t{255} * 255, 7)};
-    Sample.Groups[12].Images = {{0, 9, 0, 0, {}}, large, {3, 2, 0, 0, {1, 3, 5, 2, 4, 6}}};
+    Sample.Groups[1].Images = {{0, 9, 0, 0, {}}, large, {3, 2, 0, 0, {1, 3, 5, 2, 4, 6}}};
     Sample.Write(Folder, {1});
     ReadImageArchive(Game, Groups);
     ASSERT_TRUE(LoadPalette(Game));
     ByteVector file;
     for (const int image : {0, 1, 2}) { // the first one has no width, so no rows
-        file = ReadImage(Game, Groups, 12, image);
-        const std::string name = SampleGame::ImageFileName(1, 12, image);
+        file = ReadImage(Game, Groups, 1, image);
+        const std::string name = SampleGame::ImageFileName(1, 1, image);
         EXPECT_EQ(std::string(file.begin(), file.end()), Sample.ImageFiles(1)[name]) << image;
     }
     Palette[6] = {0x33, 0x22, 0x11, 0}; // the colours inside the file do not count
@@ -87,15 +89,15 @@ TEST_F(GameTest, MapsLieBehindOneAnother) {
 }
 
 TEST_F(GameTest, SoundsAreRecognisedByTheirFirstBytes) {
-    // Without a size, without an offset, with a negative one.
-    Sample.Sounds = {{}, {SampleGame::Text("MThd"), 0, {}}, {{}, 4, 0}, {{}, 4, -5}};
-    for (const char* text : {"IBK", "IBKMThd", "MThd", "Creative Voice File", "mthd", "MThx", " IBK"})
+    // The file itself begins with "IBK". Entries without a size, without an offset, with a negative one.
+    Sample.Sounds = {{{}, 0x4249, 'K'}, {SampleGame::Text("MThd"), 0, {}}, {{}, 4, 0}, {{}, 4, -5}};
+    for (const char* text : {"IBK", "IBKMThd", "MThd", "Creative Voice File", "mthd", "MThx", "XBK", "IBX"})
         Sample.Sounds.push_back({SampleGame::Text(text), {}, {}});
     Sample.Sounds.resize(159);
-    Sample.Sounds.push_back({SampleGame::Text("MTh"), 40000, {}}); // the last bytes of the file
+    Sample.Sounds.push_back({SampleGame::Text("Creative Voice Fil"), 40000, {}}); // ends the file
     Sample.Write(Folder, {});
     SoundTable entries;
-    entries[0].Kind = SoundKind::Voc;
+    entries[2].Kind = SoundKind::Voc;
     ReadSoundArchive(Game, entries);
     std::string kinds;
     for (const SoundEntry& entry : entries) kinds += std::to_string(static_cast<int>(entry.Kind));
@@ -127,7 +129,7 @@ TEST_F(GameTest, SymbolsAreDefinedAsWritten) {
         EXPECT_EQ(plane0[code].Extra + plane0[code].Pattern + plane0[code].Name, white + "Unknown") << code;
     EXPECT_EQ(plane1[0].Name + plane1[255].Name, "zerolast");
     EXPECT_TRUE(LoadMapSymbols(Folder.Path, 2)); // no file: nothing of another episode remains
-    EXPECT_EQ(plane1[0].Name + plane1[255].Name, "NothingUnknown");
+    EXPECT_EQ(plane1[0].Name + plane0[1].Name, "NothingUnknown");
 }
 
 TEST_F(GameTest, Plane1IsPaintedOverPlane0WithoutItsTransparentPixels) {

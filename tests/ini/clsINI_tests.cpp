@@ -43,10 +43,10 @@ TEST_F(IniTest, LinesBecomeSectionsAndSortedKeys) {
 
 TEST_F(IniTest, ReadLongTakesTheNumberThatAValueBeginsWith) {
     const std::map<std::int32_t, std::vector<std::string>> numbers = {
-        {0, {"", "abc", "-", "&H", "--1", "inf", ".5", "-0.5", "1e-400"}},
-        {12, {"12abc", "1 2", "+11.5", "12.5", "12E", "120E-1.9", "& H0\tc g"}},
-        {-125, {"\t- 1\n2 .5 E 1x"}},
-        {INT32_MAX, {"2147483647.4", "&H7FFFFFFF"}}};
+        {0, {"", "abc", "-", "&H", "--1", "inf", "-0.5", "1e-400", "0." + std::string(400, '0') + "5"}},
+        {12, {"12abc", "1 2", "+11.5", "12.5", "12E", "120 E-1.9", "& H0\tc g"}},
+        {INT32_MAX, {"2147483647.4", "&H7FFFFFFF"}},
+        {INT32_MIN, {"\t- 21474\n83648 .5x"}}};
     for (const auto& [number, texts] : numbers)
         for (const std::string& text : texts)
             EXPECT_EQ(Loaded("[S]\r\nk=" + text).ReadLong("S", "k", 7), number) << text;

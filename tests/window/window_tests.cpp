@@ -236,6 +236,7 @@ TEST_F(TestWindow, ExportsTheItemInView) {
                                                  {"Sounds, MIDI 2", "MIDI", "Song 002.mid"},
                                                  {"Sounds, VOC 17", "VOC", "Sound 017.voc"}}) {
         const std::string shown = Do(entry), pattern = " (*" + fs::path(file).extension().string() + ")";
+        const std::string described = (kind == "Image" ? "Bitmap" : kind) + " Files" + pattern;
         QStringList filters;
         Meanwhile = [&](QDialog& dialog) {
             filters = static_cast<QFileDialog&>(dialog).nameFilters();
@@ -245,8 +246,7 @@ TEST_F(TestWindow, ExportsTheItemInView) {
                   shown + AskedToSave(kind, file) + AskedToCreate("PROGRAM/" + file));
         EXPECT_EQ(ProgramFolder.Files()[file], files[file]);
         EXPECT_EQ(filters.join("|").section(" Files", 1).toStdString(),
-                  pattern + pattern + "|All Files (*.*) (*)|" + (kind == "Image" ? "Bitmap" : kind) +
-                      " Files" + pattern);
+                  pattern + pattern + "|All Files (*.*) (*)|" + described);
     }
 }
 
