@@ -236,7 +236,8 @@ TEST_F(TestWindow, ExportsTheItemInView) {
                                                  {"Sounds, MIDI 2", "MIDI", "Song 002.mid"},
                                                  {"Sounds, VOC 17", "VOC", "Sound 017.voc"}}) {
         const std::string shown = Do(entry), pattern = " (*" + fs::path(file).extension().string() + ")";
-        const std::string described = (kind == "Image" ? "Bitmap" : kind) + " Files" + pattern;
+        std::string described = kind == "Image" ? "Bitmap" : kind;
+        described += " Files" + pattern;
         QStringList filters;
         Meanwhile = [&](QDialog& dialog) {
             filters = static_cast<QFileDialog&>(dialog).nameFilters();
