@@ -236,8 +236,6 @@ TEST_F(TestWindow, ExportsTheItemInView) {
                                                  {"Sounds, MIDI 2", "MIDI", "Song 002.mid"},
                                                  {"Sounds, VOC 17", "VOC", "Sound 017.voc"}}) {
         const std::string shown = Do(entry), pattern = " (*" + fs::path(file).extension().string() + ")";
-        std::string described = kind == "Image" ? "Bitmap" : kind;
-        described += " Files" + pattern;
         QStringList filters;
         Meanwhile = [&](QDialog& dialog) {
             filters = static_cast<QFileDialog&>(dialog).nameFilters();
@@ -246,8 +244,9 @@ TEST_F(TestWindow, ExportsTheItemInView) {
         EXPECT_EQ(Do("Export", {"accept"}),
                   shown + AskedToSave(kind, file) + AskedToCreate("PROGRAM/" + file));
         EXPECT_EQ(ProgramFolder.Files()[file], files[file]);
-        EXPECT_EQ(filters.join("|").section(" Files", 1).toStdString(),
-                  pattern + pattern + "|All Files (*.*) (*)|" + described);
+        EXPECT_EQ(filters.value(0).section(" Files", 1).toStdString(), pattern + pattern);
+        EXPECT_EQ(filters.value(1).toStdString(), "All Files (*.*) (*)");
+        EXPECT_EQ(filters.value(2).section(" Files", 1).toStdString(), pattern) << "the one shown";
     }
 }
 
