@@ -65,7 +65,7 @@ FileDialog::FileDialog(QWidget* owner, const std::string& title, const QString& 
     Field()->setCompleter(completer);
     // The toolkit completes full paths alone once their folder has been read.
     connect(Model(), &QFileSystemModel::directoryLoaded, this, [this, completer](const QString& read) {
-        const bool typed = Field()->hasFocus() && IsTyped();
+        const bool typed = Field()->hasFocus() && IsTyped() && !Field()->text().isEmpty();
         if (typed && QDir::cleanPath(QFileInfo(Choice()).path()) == read) completer->complete();
     });
 }
