@@ -1,9 +1,11 @@
 #pragma once
 
+#include <QAbstractItemView>
+#include <QDialogButtonBox>
 #include <QFileDialog>
 #include <QFileSystemModel>
-#include <QItemSelectionModel>
 #include <QLineEdit>
+#include <QToolButton>
 
 #include <string>
 
@@ -13,7 +15,9 @@ namespace ui {
 /// about the choice; or the system's, which has closed by then and is shown again as it was left.
 ///
 /// In the toolkit's dialog the field says what is chosen. A folder highlighted in the list of a save dialog
-/// can be entered, but is no choice.
+/// can be entered, but is no choice. Enter does what has the keyboard, and Tab behind what was typed
+/// completes it, as in a shell; nothing pops up. A toolkit whose dialog lacks a part that is needed for this
+/// shows it as it is, and the user is asked and told as behind a dialog of the system's.
 class FileDialog : public QFileDialog {
   public:
     /// Opens in a folder, or the nearest one above it that exists and whose name is text; in the home folder
@@ -30,32 +34,40 @@ class FileDialog : public QFileDialog {
     /// asked and told, in boxes over the owner. False leads back into the dialog.
     virtual bool Agrees(QWidget* owner) = 0;
 
-    /// The full path chosen; empty when nothing is, as when a name is to be chosen among the drives.
+    /// The full path chosen, with a "/" at its end when the text asks for a folder; empty when nothing is
+    /// chosen, as when a name is to be chosen among the drives.
     [[nodiscard]] QString Choice() const;
+
+    /// A path as boxes show it: the middle of a very long one is left out, so that the box fits the screen.
+    [[nodiscard]] static QString Shown(const QString& path);
 
     /// Tells what is wrong with a path; returns false, for that is what it leads to.
     bool Tell(QWidget* owner, const QString& path, const QString& complaint) const;
 
-    /// The field for a name; nullptr in a dialog of the system's.
-    [[nodiscard]] QLineEdit* Field() const;
-
     bool focusNextPrevChild(bool next) override;
+    void keyPressEvent(QKeyEvent* event) override;
+
+    QLineEdit* Field = nullptr; ///< for a name; nullptr in a dialog that is not ours to change
 
   private:
     void TameLists();
+    void TameActions();
     void AcceptField();
+    void MakeFolder();
+    void EnterHighlighted();
     void FollowHighlight();
     void FollowField();
-    [[nodiscard]] bool TakesCompletion() const;
-    [[nodiscard]] bool IsTyped() const;
-    [[nodiscard]] QString Text() const;
-    [[nodiscard]] QString FullPath(const QString& text) const;
-    [[nodiscard]] QFileSystemModel* Model() const;
-    [[nodiscard]] QItemSelectionModel* Selection() const; ///< of both lists, of which one is shown
+    [[nodiscard]] QString Completion() const;
     [[nodiscard]] QModelIndex Highlighted() const;
     [[nodiscard]] bool EntersHighlighted() const;
     [[nodiscard]] bool GoesUp() const;
     [[nodiscard]] bool ShowsDrives() const;
+
+    QAbstractItemView *Names, *Details; ///< the two lists, of which one is shown
+    QFileSystemModel* Model;
+    QDialogButtonBox* Buttons;
+    QToolButton *UpButton, *NewFolderButton;
+    QItemSelectionModel* Selection = nullptr; ///< of both lists
 };
 
 } // namespace ui

@@ -14,17 +14,16 @@ class FolderDialog : public FileDialog {
         : FileDialog(owner, title, folder, Directory) {
         setOption(ShowDirsOnly);
         setOption(ReadOnly, !makesFolders);
+        setLabelText(FileName, "Folder:");
+        for (const char* ofTheOnlyType : {"fileTypeLabel", "fileTypeCombo"})
+            if (auto* part = findChild<QWidget*>(ofTheOnlyType)) part->hide();
     }
 
-    /// The folder chosen. Its path is without "..", unless a symbolic link makes that another folder.
-    [[nodiscard]] QString Path() const {
-        const QString path = Choice(), clean = QDir::cleanPath(path);
-        return QFileInfo(clean) == QFileInfo(path) ? clean : path;
-    }
+    [[nodiscard]] QString Path() const { return QDir::cleanPath(Choice()); } ///< of the folder chosen
 
   protected:
     bool Agrees(QWidget* owner) override {
-        const QFileInfo folder(Choice());
+        const QFileInfo folder(Path());
         if (folder.isDir()) return true;
         const QFileInfo parent(folder.path());
         const bool closed = parent.isDir() && !parent.isExecutable();

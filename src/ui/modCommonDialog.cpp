@@ -54,9 +54,9 @@ class SaveDialog : public FileDialog {
         const QFileInfo file(Path());
         if (file.isDir()) { // typed, it makes room for the name that stood there before
             setDirectory(file.filePath());
-            if (Field() == nullptr) return false;
-            Field()->setText(Name);
-            Field()->selectAll();
+            if (Field == nullptr) return false;
+            Field->setText(Name);
+            Field->selectAll();
             return false;
         }
         const QString name = QFileInfo(Choice()).fileName();
@@ -66,8 +66,7 @@ class SaveDialog : public FileDialog {
         const bool exists = file.exists() || file.isSymLink();
         const QString question = exists ? " already exists.\nDo you want to replace it?"
                                         : " does not exist.\nDo you want to create it?";
-        return AskInBox(owner, "Confirm Save As",
-                        ToBytes(QDir::toNativeSeparators(file.filePath()) + question),
+        return AskInBox(owner, "Confirm Save As", ToBytes(Shown(file.filePath()) + question),
                         exists ? QMessageBox::Warning : QMessageBox::Question, !exists);
     }
 

@@ -49,12 +49,12 @@ struct TestWindow : testing::Test {
     /// not fails the test, but for an entry "if listed". Questions and
     /// dialogs get the answers in turn; without an answer left, questions get "yes" and others "cancel".
     ///
-    /// An answer to a file dialog is typed over what stands in the field, key by key, with Enter behind it;
-    /// "HOME" stands for the folder above the program's. Other answers are "cancel", "accept" for a mere
-    /// Enter in the field, "type me/" for keys without Enter, "press Delete" for a key where the keyboard is,
-    /// "down to out" for the arrow key until that completion is reached, "click sub" for an entry of the list
-    /// or a button, "drag sub to out" and "lose sub", which someone else deletes. What an answer needs is
-    /// waited for. Returns what is seen.
+    /// An answer to a file dialog, or to the question for a name, is typed over what stands in the field, key
+    /// by key, with Enter behind it; "HOME" stands for the folder above the program's. Other answers are
+    /// "cancel", "accept" for a mere Enter in the field, "type me/" for keys without Enter, "press Delete"
+    /// for a key where the keyboard is, "reach sidebar" for Tab until that part has it, "click sub" for an
+    /// entry of the list or a button, "drag sub to out" and "lose sub", which someone else deletes. What an
+    /// answer needs is waited for. Returns what is seen.
     std::string Do(const std::string& steps, const QList<std::string>& answers = {}) {
         Answers = answers;
         for (const QString& step : QString::fromStdString(steps).split(", ")) {
@@ -244,6 +244,8 @@ struct TestWindow : testing::Test {
         QString text;
         if (box != nullptr)
             text = QStringList{"message", "information", "warning", "error", "question"}[box->icon()];
+        else if (files == nullptr)
+            text = "question for a name";
         else
             text = files->fileMode() == QFileDialog::Directory ? "folder dialog" : "save dialog";
         text += owner == nullptr        ? " without an owner"
@@ -257,25 +259,30 @@ struct TestWindow : testing::Test {
         if (const auto* label = dialog.findChild<QLabel*>("qt_msgbox_label");
             label != nullptr && label->minimumSizeHint().width() > label->width())
             text += "but its text is cut: ";
+        if (dialog.height() > dialog.screen()->size().height()) text += "but it is higher than the screen: ";
         if (dialog.fontMetrics().horizontalAdvance(dialog.windowTitle()) + 100 > dialog.width())
             text += "but its caption is cut: ";
         if (box != nullptr && box->textFormat() != Qt::PlainText)
             text += "but signs in it do not stand for themselves: ";
         if (box != nullptr) return text + box->text();
+        if (files == nullptr) return text + Field(dialog)->text();
         text += files->directory().filePath(Field(*files)->text());
         for (const QModelIndex& index :
              files->findChild<QTreeView*>("treeView")->selectionModel()->selectedRows())
             text += ", " + index.data().toString() + " is highlighted";
         if (Button(*files, "Open") != nullptr) text += ", the button opens";
+        if (QApplication::activePopupWidget() != nullptr) text += ", a list is open";
         return text;
     }
 
     static bool Asks(const QMessageBox& box) { return box.standardButtons().testFlag(QMessageBox::Yes); }
 
-    static QLineEdit* Field(const QFileDialog& dialog) {
-        return dialog.findChild<QLineEdit*>("fileNameEdit");
+    /// The field of a file dialog, or that of the question for a name.
+    static QLineEdit* Field(const QDialog& dialog) {
+        auto* ofFiles = dialog.findChild<QLineEdit*>("fileNameEdit");
+        return ofFiles != nullptr ? ofFiles : dialog.findChild<QLineEdit*>();
     }
-    static QAbstractButton* Button(const QFileDialog& dialog, const QString& text) {
+    static QAbstractButton* Button(const QDialog& dialog, const QString& text) {
         for (auto* button : dialog.findChildren<QAbstractButton*>())
             if (button->text().remove('&') == text || button->toolTip() == text) return button;
         return nullptr;
@@ -285,17 +292,18 @@ struct TestWindow : testing::Test {
         return list.model()->match(first, Qt::DisplayRole, name, 1, Qt::MatchExactly).value(0);
     }
     /// Where an entry of that name stands: in the list of the folder on display, or in that beside it.
-    static std::pair<QWidget*, QPoint> Find(const QFileDialog& dialog, const QString& entry) {
+    static std::pair<QWidget*, QPoint> Find(const QDialog& dialog, const QString& entry) {
         for (const char* name : {"treeView", "sidebar"})
-            if (const auto* list = dialog.findChild<QAbstractItemView*>(name); Entry(*list, entry).isValid())
+            if (const auto* list = dialog.findChild<QAbstractItemView*>(name);
+                list != nullptr && Entry(*list, entry).isValid())
                 return {list->viewport(), list->visualRect(Entry(*list, entry)).center()};
         return {};
     }
 
-    /// What gets the keys: a list of completions comes before what has the focus.
+    /// What gets the keys: a list that has popped up comes before what has the focus.
     static QWidget* Keyboard() {
-        QWidget* popup = QApplication::activePopupWidget();
-        return popup != nullptr ? popup : QApplication::focusWidget();
+        const QWidget* popup = QApplication::activePopupWidget();
+        return popup != nullptr ? popup->focusWidget() : QApplication::focusWidget();
     }
 
     /// What an answer does to a dialog; nothing while something that it needs is not there.
@@ -305,33 +313,30 @@ struct TestWindow : testing::Test {
             return [=] { box->button(Asks(*box) ? yes : QMessageBox::Ok)->click(); };
         }
         if (answer.empty() || answer == "cancel") return [&] { dialog.reject(); };
-        return ActFor(dynamic_cast<QFileDialog&>(dialog),
-                      QString::fromStdString(answer).replace("HOME", Home.c_str()));
+        return ActFor(dialog, QString::fromStdString(answer).replace("HOME", Home.c_str()));
     }
-    std::function<void()> ActFor(QFileDialog& dialog, const QString& answer) {
+    std::function<void()> ActFor(QDialog& dialog, const QString& answer) {
         const QString does = answer.section(' ', 0, 0), name = answer.section(' ', 1);
         const auto found = Find(dialog, name.section(" to ", 0, 0));
         QAbstractButton* button = Button(dialog, name);
         QLineEdit* field = Field(dialog);
-        if (does == "click" && button != nullptr) return [=] { button->click(); };
-        if (does == "click" && found.first != nullptr)
-            return [=] { QTest::mouseClick(found.first, Qt::LeftButton, {}, found.second); };
+        if (does == "click" && button != nullptr) return [=] { Click(button, button->rect().center()); };
+        if (does == "click" && found.first != nullptr) return [=] { Click(found.first, found.second); };
         if (does == "drag" && found.first != nullptr)
             return [=, &dialog] { Drag(found, Find(dialog, name.section(" to ", 1)).second); };
-        if (does == "lose") fs::remove_all(dialog.directory().filePath(name).toStdString());
+        if (does == "lose")
+            fs::remove_all(dynamic_cast<QFileDialog&>(dialog).directory().filePath(name).toStdString());
         if (does == "lose" && found.first == nullptr) return [] {};
         if (QStringList{"click", "drag", "lose"}.contains(does)) return {};
 
         QApplication::setActiveWindow(&dialog);
-        if (does == "press" && QApplication::focusWidget() != nullptr) return [=] { Press(name); };
-        const QString completion = name.section(' ', 1), typed = field->completer()->completionPrefix();
-        const auto* list = dynamic_cast<QAbstractItemView*>(QApplication::activePopupWidget());
-        if (does == "down" && list != nullptr && (completion == typed || Entry(*list, completion).isValid()))
+        const bool hasKeyboard = Keyboard() != nullptr;
+        if (does == "press" && hasKeyboard) return [=] { Press(name); };
+        if (auto* part = dialog.findChild<QWidget*>(name); does == "reach" && hasKeyboard)
             return [=] {
-                do Press("Down");
-                while (!field->text().endsWith(completion));
+                while (!part->hasFocus()) Press("Tab");
             };
-        if (does == "press" || does == "down") return {};
+        if (does == "press" || does == "reach") return {};
 
         field->setFocus(); // as it is for whoever types
         if (!field->hasFocus()) return {};
@@ -345,6 +350,11 @@ struct TestWindow : testing::Test {
     static void Press(const QString& key) {
         const QKeyCombination keys = QKeySequence(key)[0];
         QTest::keyClick(Keyboard(), keys.key(), keys.keyboardModifiers());
+    }
+    /// Clicks as the mouse does, which a list that has popped up takes first.
+    static void Click(const QWidget* widget, QPoint place) {
+        const QPoint inWindow = widget->mapTo(widget->window(), place);
+        QTest::mouseClick(widget->window()->windowHandle(), Qt::LeftButton, {}, inWindow);
     }
     static void Drag(std::pair<QWidget*, QPoint> from, QPoint to) {
         QWindow* window = from.first->window()->windowHandle(); // dragging takes events of windows alone

@@ -191,8 +191,10 @@ class Tour:
         desktop.window(FOLDER_DIALOG % 'Export Path')
         if makes_folder:  # by the menu of the list
             desktop.keys('shift+Tab', 'Menu', 'n')
+            desktop.window('^New Folder$')
             desktop.type_text(name)
             desktop.keys('Return')
+            desktop.window('^Export Path$')
         else:
             target.mkdir()
             desktop.type_text(self.native(target))

@@ -6,10 +6,11 @@
 namespace morvane {
 
 /// The file dialogs, with the program in HOME/app and the sounds shown, ready for export. Empty folders lie
-/// around; "app2" and "out 2" begin like others.
+/// around, and HOME/far is a link to one; "app2" and "out 2" begin like others.
 struct FileDialogs : TestWindow {
     FileDialogs() {
         for (const char* folder : Folders) fs::create_directories(Home + folder);
+        fs::create_directory_symlink(Home + "/app/one/deep", Home + "/far");
         StartOnSample();
         Do("Sounds");
     }
@@ -17,9 +18,9 @@ struct FileDialogs : TestWindow {
     /// What dialogs tell from the second on, after answers to those that a menu item brings up: of a file
     /// dialog the path in its field, of a box its title and text.
     std::string After(const std::string& item, const QList<std::string>& answers) {
-        const QRegularExpression kinds(
-            "(folder|save) dialog .*: .*: |(message|question) .*: |warning over a dialog: ",
-            QRegularExpression::InvertedGreedinessOption);
+        const QRegularExpression kinds("(folder|save) dialog .*: .*: |(message|question|question for a name) "
+                                       "over .*: |warning over a dialog: ",
+                                       QRegularExpression::InvertedGreedinessOption);
         return QString::fromStdString(Do(item, answers)).section("\n", 2).remove(kinds).toStdString();
     }
 
@@ -32,8 +33,8 @@ struct FileDialogs : TestWindow {
         return folders;
     }
 
-    static constexpr std::array Folders{"/",        "/app2",    "/out",    "/out 2", "/app/one/deep",
-                                        "/app/one", "/app/sub", "/app/two"};
+    static constexpr std::array Folders{"/",        "/app2",    "/out",     "/out 2",      "/app/one/deep",
+                                        "/app/one", "/app/sub", "/app/two", "/app/.hidden"};
 };
 
 const std::string Create = " does not exist.\nDo you want to create it?\n";
@@ -44,18 +45,29 @@ TEST_F(FileDialogs, TakeWhatIsTypedAfterAMistypedFolder) {
               "Export Path: HOME/zzz" + NoFolder + "HOME/zzz\nMorvane Extractor: Done");
     EXPECT_EQ(FoldersWithSongs(), "/out ");
     fs::create_directory_symlink(GameDir.Path, Home + "/game");
-    fs::create_directory_symlink(Home + "/app/one", Home + "/link");
-    fs::create_directory_symlink(GameDir.Path, Home + "/app/other");
-    // What leads through a link and up again is kept.
-    for (const auto& [typed, remembered] :
-         std::map<std::string, std::string>{{"/out/../game", "/game"},
-                                            {"/link/../other", "/link/../other"},
-                                            {"/app/other/", "/app/other"}}) {
-        After("Open", {"HOME/zzz", Home + typed});
-        EXPECT_EQ(Settings(), "[Settings]\r\nOpenPath=" + Home + remembered + "\r\n");
+    for (const std::string typed : {"HOME/game", "HOME/game/", "HOME/out/../game", "HOME//./game"}) {
+        After("Open", {"HOME/zzz", typed});
+        EXPECT_EQ(Settings(), "[Settings]\r\nOpenPath=" + Home + "/game\r\n") << typed;
     }
     After("Sounds, Export", {"HOME/zzz/new", "HOME/out/new"});
     EXPECT_EQ(TextOf(Home + "/out/new.mid"), "MThd song");
+}
+
+TEST_F(FileDialogs, TakeForTheFolderAboveTheOneThatIsSeen) {
+    for (const QList<std::string>& answers :
+         {QList<std::string>{"HOME/far/../out"}, {"..", "click far", "press Ctrl+Down", "../out"}}) {
+        EXPECT_TRUE(After("Export All", answers).ends_with("Morvane Extractor: Done"));
+        EXPECT_EQ(FoldersWithSongs(), "/out ");
+        fs::remove_all(Home + "/out");
+        fs::create_directory(Home + "/out");
+    }
+    EXPECT_EQ(
+        After("Export All", {"click one", "press Ctrl+Down", "type ..", "click Open", "../"}),
+        "PROGRAM/one, one is highlighted\nPROGRAM/one\nPROGRAM/one/.., the button opens\nPROGRAM\nHOME");
+    for (const std::string typed : {"x/", "x/.", "x/y/.."})
+        EXPECT_NE(After("Export", {typed}).find("PROGRAM/x" + NoFolder), std::string::npos) << typed;
+    for (const std::string typed : {"~", "..", "../", "one/../..", "x/../.."})
+        EXPECT_EQ(After("Export", {typed}), "HOME/Song 002.mid") << typed;
 }
 
 TEST_F(FileDialogs, AskBeforeAFileIsWritten) {
@@ -74,25 +86,67 @@ TEST_F(FileDialogs, AskBeforeAFileIsWritten) {
 }
 
 TEST_F(FileDialogs, TakeTheTextAsItStands) {
-    for (const auto& [text, path] : std::map<std::string, std::string>{{"a\"b", "PROGRAM/a\"b"},
-                                                                       {"~/x", "HOME/x"},
-                                                                       {"/HOME/x", "/HOME/x"},
-                                                                       {"one/../x", "PROGRAM/one/../x"}}) {
+    for (const auto& [text, path] : std::map<std::string, std::string>{
+             {"a\"b", "PROGRAM/a\"b"}, {"~/x", "HOME/x"}, {"/HOME/x", "HOME/x"}, {"one/../x", "PROGRAM/x"}}) {
         EXPECT_EQ(After("Export", {text, "no"}).find(path + ".mid does not exist"), 17)
             << text; // after the title
         EXPECT_EQ(After("Export All", {text}).find(path + "\nThere is no such folder"), 13) << text;
     }
-    for (const std::string folder : {"~", ".."}) EXPECT_EQ(After("Export", {folder}), "HOME/Song 002.mid");
-    EXPECT_EQ(After("Export All", {"type ..", "click Open", ".."}),
-              "PROGRAM/.., the button opens\nHOME\n" + fs::path(Home).parent_path().string());
-    QGuiApplication::clipboard()->setText(QString::fromStdString(Home + "/out\r\n"));
-    EXPECT_EQ(After("Export All", {"type ", "press Ctrl+V", "accept"}),
-              "PROGRAM\nHOME/out\r\n\nMorvane Extractor: Done");
-    EXPECT_EQ(FoldersWithSongs(), "/out ");
+    const auto paste = [](const QString& text) { QGuiApplication::clipboard()->setText(text); };
+    paste(QString::fromStdString(Home + "\r\n/o\nut\n"));
+    EXPECT_EQ(After("Export All", {"type ", "press Ctrl+V", "type  2", "accept"}),
+              "PROGRAM\nHOME/out\nHOME/out 2\nMorvane Extractor: Done");
+    EXPECT_EQ(FoldersWithSongs(), "/out 2 ");
+    fs::create_directory(ProgramFolder / "line\nend");
+    EXPECT_EQ(
+        After("Export All", {"click line\nend", "type  2", "press Backspace", "press Backspace", "accept"}),
+        "PROGRAM/line\nend, line\nend is highlighted\nPROGRAM/line\nend 2\nPROGRAM/line\nend \n"
+        "PROGRAM/line\nend\nMorvane Extractor: Done");
+    paste(QString("long/").repeated(800));
+    const std::string told = After("Export All", {"type ", "press Ctrl+V", "accept"});
+    EXPECT_NE(told.find(" ... "), std::string::npos) << told;
+    EXPECT_EQ(told.find("but"), std::string::npos) << told;
+}
+
+TEST_F(FileDialogs, CompleteByTabWhatIsTyped) {
+    for (const char* name : {"song.mid", "note.txt"}) ProgramFolder.Write(name, "");
+    // A "z" typed behind Tab stands in the field when that has added something, and has not left it.
+    const std::map<std::string, std::string> cases{{"HOME/ou", "HOME/outz"},
+                                                   {"HOME/out", "HOME/out"},
+                                                   {"~/ou", "PROGRAM/~/outz"},
+                                                   {"../ou", "PROGRAM/../outz"},
+                                                   {"su", "PROGRAM/sub/z"},
+                                                   {"sub", "PROGRAM/sub/z"},
+                                                   {"one/d", "PROGRAM/one/deep/z"},
+                                                   {"Su", "PROGRAM/Su"},
+                                                   {"x", "PROGRAM/x"},
+                                                   {"hid", "PROGRAM/hid"},
+                                                   {".hid", "PROGRAM/.hidden/z"},
+                                                   {"note", "PROGRAM/note"},
+                                                   {"one/", "PROGRAM/one/"},
+                                                   {"~", "PROGRAM/~"},
+                                                   {".", "PROGRAM/."},
+                                                   {"..", "PROGRAM/.."}};
+    for (const std::string item : {"Export All", "Export"})
+        for (const auto& [typed, then] : cases) {
+            const std::string seen =
+                After(item, {"type ", "press Ctrl+A", "type " + typed, "press Tab", "press Z"});
+            EXPECT_EQ(seen.substr(seen.rfind('\n') + 1, then.size()), then) << item << ", " << typed;
+            EXPECT_EQ(seen.ends_with("z"), then.ends_with("z")) << item << ", " << typed;
+        }
+    // What of the files is listed, in the save dialog.
+    EXPECT_EQ(After("Export", {"type ", "press Ctrl+A", "type so", "press Tab", "press Home", "press Tab"}),
+              "PROGRAM/Song 002.mid\nPROGRAM/Song 002.mid\nPROGRAM/so\nPROGRAM/song.mid\n"
+              "PROGRAM/song.mid\nPROGRAM/song.mid");
+    EXPECT_EQ(After("Export All", {"type HOME/ou", "press Tab", "press Tab", "press Shift+Tab", "press Tab"}),
+              "HOME/ou\nHOME/out\nHOME/out\nHOME/out\nHOME/out");
+    const std::string highlighted = "PROGRAM/sub, sub is highlighted";
+    EXPECT_EQ(After("Export All", {"click sub", "type ", "press Tab", "press Z"}),
+              highlighted + "\n" + highlighted + "\n" + highlighted + "\n" + highlighted);
 }
 
 TEST_F(FileDialogs, TakeNoNameWhileTheyShowDrives) {
-    const std::string choose = ": Choose one of these first.\n";
+    const std::string choose = ": Choose a drive or folder first.\n";
     EXPECT_EQ(After("Export All", {"click Computer", "accept", "zzz", "click Choose", "click /"}),
               ".\nExport Path" + choose + ".\nExport Path" + choose + "./zzz\nExport Path" + choose +
                   "./zzz\n/, / is highlighted");
@@ -106,9 +160,14 @@ TEST_F(FileDialogs, HighlightInTheFolderChooserWhatIsChosen) {
               "PROGRAM/one, one is highlighted\nPROGRAM/onex\nPROGRAM/one\nPROGRAM/two, two is highlighted\n"
               "Morvane Extractor: Done");
     EXPECT_EQ(FoldersWithSongs(), "/app/two ");
-    EXPECT_EQ(After("Export All",
-                    {"click one", "click Parent Directory", "click out", "click Back", "click Forward"}),
-              "PROGRAM/one, one is highlighted\nHOME\nHOME/out, out is highlighted\nPROGRAM\nHOME");
+    Meanwhile = [](const QDialog& dialog) {
+        EXPECT_EQ(dialog.findChild<QLabel*>("fileNameLabel")->text(), "Folder:");
+        for (const char* part : {"fileTypeLabel", "fileTypeCombo"})
+            EXPECT_FALSE(dialog.findChild<QWidget*>(part)->isVisible()) << "it has one choice";
+    };
+    EXPECT_EQ(After("Export All", {"click one", "click Parent Directory", "click out", "click me",
+                                   "click Back", "click Forward"}),
+              "PROGRAM/one, one is highlighted\nHOME\nHOME/out, out is highlighted\nHOME\nPROGRAM\nHOME");
 }
 
 TEST_F(FileDialogs, DeleteRenameAndMoveNothing) {
@@ -151,30 +210,32 @@ TEST_F(FileDialogs, ListTheFilesOfAFilter) {
     }
 }
 
-TEST_F(FileDialogs, CompleteWhatIsTyped) {
-    EXPECT_EQ(After("Export All", {"type HOME/ou", "down to out", "press Return", "press Return"}),
-              "HOME/ou\nHOME/out\nHOME/out\nMorvane Extractor: Done");
-    EXPECT_EQ(FoldersWithSongs(), "/out ");
-    EXPECT_EQ(After("Export All",
-                    {"type HOME/app", "down to app2", "press Tab", "press /", "press X", "press Return"}),
-              "PROGRAM\nHOME/app2\nHOME/app2\nHOME/app2/\nHOME/app2/x\nExport Path: HOME/app2/x" + NoFolder +
-                  "HOME/app2/x");
-    EXPECT_EQ(After("Open", {"type HOME/ou", "down to out 2", "press Return"}),
-              "HOME/ou\nHOME/out 2\nHOME/out 2");
-    EXPECT_EQ(After("Export All", {"click one", "click Parent Directory", "type ap", "down to app2"}),
-              "PROGRAM/one, one is highlighted\nHOME\nHOME/ap\nHOME/app2");
-    // The list comes once the folder has been read, and past its end stands what was typed.
-    EXPECT_EQ(After("Export All", {"click one", "type /", "down to deep"}),
-              "PROGRAM/one, one is highlighted\nPROGRAM/one/\nPROGRAM/one/deep");
-    EXPECT_EQ(After("Export All", {"type ~", "down to me", "down to ~", "press Return"}),
-              "PROGRAM/~\nHOME\nPROGRAM/~\nMorvane Extractor: Done");
-    // A completed name stays a name: another folder may be entered.
-    ProgramFolder.Write("Song 002.mid.mid", "old");
-    EXPECT_EQ(After("Export", {"click sub", "type .", "down to Song 002.mid.mid", "click sub", "click Open"}),
-              "PROGRAM/Song 002.mid, sub is highlighted, the button opens\n"
-              "PROGRAM/Song 002.mid.\nPROGRAM/Song 002.mid.mid\n"
-              "PROGRAM/Song 002.mid.mid, sub is highlighted, the button opens\n"
-              "PROGRAM/sub/Song 002.mid.mid");
+TEST_F(FileDialogs, MakeAFolderUnderANameAskedFor) {
+    const std::string question = "New Folder: ",
+                      taken = "\nThere is a file or folder of this name already.\n",
+                      noName = "\nThis is not a name for a folder.\n";
+    EXPECT_EQ(
+        After("Export All", {"reach newFolderButton", "press Return", "one", "a/b", "..", "~", "accept"}),
+        "PROGRAM\n" + question + "\nExport Path: one" + taken + question + "one\nExport Path: a/b" + noName +
+            question + "a/b\nExport Path: .." + noName + question + "..\nPROGRAM/~\nMorvane Extractor: Done");
+    EXPECT_EQ(FoldersWithSongs(), "/app/~ ");
+    EXPECT_EQ(After("Export", {"click Create New Folder", "accept", "click Create New Folder", "cancel",
+                               "click Create New Folder", "new", "press Z"}),
+              question + "\nPROGRAM/Song 002.mid\n" + question + "\nPROGRAM/Song 002.mid\n" + question +
+                  "\nPROGRAM/new/Song 002.mid\nPROGRAM/new/Song 002.midz");
+}
+
+TEST_F(FileDialogs, DoByEnterWhatHasTheKeyboard) {
+    EXPECT_EQ(After("Export All", {"click me", "press Return", "reach detailModeButton", "press Return",
+                                   "reach lookInCombo", "press Return", "press Down", "press Return"}),
+              "HOME\nHOME\nHOME\nHOME\nHOME\nHOME, a list is open\nHOME, a list is open\n" +
+                  fs::path(Home).parent_path().string());
+    const std::string proposed = "PROGRAM/Song 002.mid", open = ", a list is open\n";
+    EXPECT_EQ(After("Export", {"reach fileTypeCombo", "press Return", "press Down", "press Return"}),
+              proposed + "\n" + proposed + open + proposed + open + proposed);
+    EXPECT_EQ(FoldersWithSongs(), "");
+    EXPECT_EQ(After("Export All", {"press Ctrl+H", "click .hidden"}),
+              "PROGRAM\nPROGRAM/.hidden, .hidden is highlighted");
 }
 
 } // namespace morvane
